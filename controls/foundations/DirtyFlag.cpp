@@ -1,0 +1,16 @@
+#include "foundations/DirtyFlag.h"
+
+#include "foundations/Platform.h"
+
+namespace SaveCycle {
+qint32 CleanControl(const DirtyFlag& flag, const QString& strPrompt,
+                    const std::function<void()>& save, qint32 intButtons) {
+    if (!flag.IsSet())
+        return 0;
+    const qint32 answer =
+        Platform::Current().MsgBox(strPrompt, intButtons, QStringLiteral("Save Changes?"));
+    if (answer == vbYes)
+        save();
+    return answer;
+}
+} // namespace SaveCycle

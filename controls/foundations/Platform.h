@@ -1,0 +1,76 @@
+#pragma once
+
+#include "foundations/VBConstants.h"
+
+#include <QFont>
+#include <QList>
+#include <QPixmap>
+#include <QPoint>
+#include <QRect>
+#include <QString>
+
+class QWidget;
+
+// Everything that a person or the machine provides goes through this class:
+// message boxes and questions, file, font and colour dialogs, message pumping,
+// the shell, key strokes to the host, file existence, monitors and metrics, and
+// the desktop grab. Each virtual member has the Qt behaviour as its default, so
+// that a test installs a subclass that scripts only what it needs.
+class Platform {
+public:
+    virtual ~Platform();
+
+    // The platform in force; Install(nullptr) restores the Qt one. Install does
+    // not take ownership.
+    static Platform& Current();
+    static void Install(Platform* pPlatform);
+
+    // A message box with the button set, icon and default button of intButtons.
+    // Returns vbOK, vbCancel, vbYes, vbNo, ... An empty title means "Corvantis".
+    virtual qint32 MsgBox(const QString& strPrompt, qint32 intButtons = vbOKOnly,
+                          const QString& strTitle = QString());
+
+    // Open and save dialogs. strFilter is a "Text|*.a;*.b|All|*.*" list. When the
+    // user cancels and blnCancelError is set, raises VBError 32755 "Cancel was
+    // selected."; otherwise returns an empty text.
+    virtual QString ShowOpen(const QString& strFilter, const QString& strTitle = QString(),
+                             const QString& strInitDir = QString(), bool blnCancelError = true);
+    virtual QString ShowSave(const QString& strFilter, const QString& strTitle = QString(),
+                             const QString& strInitDir = QString(),
+                             const QString& strFileName = QString(), bool blnCancelError = true);
+    // Font and colour dialogs; the colour is a BGR long (&HBBGGRR). Cancel as above,
+    // returning the font or colour passed in when blnCancelError is off.
+    virtual QFont ShowFont(const QFont& fntInitial, bool blnCancelError = true);
+    virtual qint32 ShowColor(qint32 lngInitial, bool blnCancelError = true);
+
+    // Pumps pending messages (DoEvents).
+    virtual void DoEvents();
+
+    virtual bool FileExists(const QString& strPath);
+
+    // Performs sVerb on sFile with the system's program. Returns a value above 32
+    // on success, 31 when no program is associated with the file.
+    virtual qint32 ShellExecute(const QString& sVerb, const QString& sFile,
+                                const QString& sParams, const QString& sDirectory,
+                                qint32 nShowCmd);
+    // Lets the user choose a program for a file that has none associated.
+    virtual void OpenWith(const QString& sFile);
+
+    // Sends a key stroke such as "{F1}" to the host's active window.
+    virtual void SendKeys(const QString& strKeys);
+
+    // Monitors: the rectangles of the screens in the virtual desktop, the
+    // primary first. A point outside every monitor gives -1.
+    virtual QList<QRect> MonitorRects();
+    virtual QList<QRect> MonitorWorkRects();
+    virtual qint32 MonitorFromPoint(const QPoint& ptPoint);
+    // GetSystemMetrics with the indices of the desktop (0 SM_CXSCREEN,
+    // 1 SM_CYSCREEN, 76..79 the virtual desktop, 80 SM_CMONITORS, ...).
+    virtual qint32 GetSystemMetrics(qint32 nIndex);
+    // A still picture of the desktop, in virtual-desktop coordinates.
+    virtual QPixmap GrabDesktop(const QRect& rcArea);
+
+    Platform() = default;
+    Platform(const Platform&) = delete;
+    Platform& operator=(const Platform&) = delete;
+};

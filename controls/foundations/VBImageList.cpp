@@ -1,0 +1,56 @@
+#include "foundations/VBImageList.h"
+
+#include "foundations/VBError.h"
+
+VBImageList::VBImageList(const QString& strName, QObject* parent) : QObject(parent) {
+    setObjectName(strName);
+}
+
+qint32 VBImageList::Add(const QString& strKey, const QPixmap& picture) {
+    if (!strKey.isEmpty() && HasKey(strKey))
+        throw VBError(VBErr::KeyNotUnique);
+    m_images.append({strKey, picture});
+    return Count();
+}
+
+void VBImageList::Clear() { m_images.clear(); }
+
+QPixmap VBImageList::ListImage(qint32 lngIndex) const {
+    if (lngIndex < 1 || lngIndex > Count())
+        throw VBError(VBErr::IndexOutOfBounds);
+    return m_images.at(lngIndex - 1).picture;
+}
+
+QPixmap VBImageList::ListImage(const QString& strKey) const {
+    for (const Entry& e : m_images)
+        if (!e.key.isEmpty() && e.key == strKey)
+            return e.picture;
+    throw VBError(VBErr::ElementNotFound);
+}
+
+QPixmap VBImageList::ListImage(const QVariant& varKeyOrIndex) const {
+    if (varKeyOrIndex.typeId() == QMetaType::QString)
+        return ListImage(varKeyOrIndex.toString());
+    bool ok = false;
+    const qint32 index = varKeyOrIndex.toInt(&ok);
+    if (!ok)
+        throw VBError(VBErr::TypeMismatch);
+    return ListImage(index);
+}
+
+QIcon VBImageList::Icon(const QVariant& varKeyOrIndex) const {
+    return QIcon(ListImage(varKeyOrIndex));
+}
+
+bool VBImageList::HasKey(const QString& strKey) const {
+    for (const Entry& e : m_images)
+        if (!e.key.isEmpty() && e.key == strKey)
+            return true;
+    return false;
+}
+
+QString VBImageList::Key(qint32 lngIndex) const {
+    if (lngIndex < 1 || lngIndex > Count())
+        throw VBError(VBErr::IndexOutOfBounds);
+    return m_images.at(lngIndex - 1).key;
+}

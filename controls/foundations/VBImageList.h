@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QIcon>
+#include <QList>
+#include <QObject>
+#include <QPixmap>
+#include <QString>
+#include <QVariant>
+
+// An image list: pictures numbered from 1 in the order added, each with an
+// optional key. ListImage by a missing key raises 35601, by an index out of
+// range 35600.
+class VBImageList : public QObject {
+    Q_OBJECT
+public:
+    explicit VBImageList(const QString& strName, QObject* parent = nullptr);
+
+    // Adds a picture and returns its 1-based index. A key already in the list
+    // raises 35602.
+    qint32 Add(const QString& strKey, const QPixmap& picture);
+    qint32 Count() const { return static_cast<qint32>(m_images.size()); }
+    void Clear();
+
+    QPixmap ListImage(qint32 lngIndex) const;
+    QPixmap ListImage(const QString& strKey) const;
+    // A key text or a 1-based index; a number in a text counts as a key.
+    QPixmap ListImage(const QVariant& varKeyOrIndex) const;
+    QIcon Icon(const QVariant& varKeyOrIndex) const;
+    bool HasKey(const QString& strKey) const;
+    QString Key(qint32 lngIndex) const;
+
+private:
+    struct Entry {
+        QString key;
+        QPixmap picture;
+    };
+    QList<Entry> m_images;
+};

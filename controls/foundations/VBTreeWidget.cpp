@@ -1,0 +1,437 @@
+#include "foundations/VBTreeWidget.h"
+
+#include "foundations/Twips.h"
+#include "foundations/VBError.h"
+#include "foundations/VBImageList.h"
+#include "foundations/VBRuntime.h"
+
+#include <QHeaderView>
+#include <algorithm>
+#include <functional>
+
+// ---------------------------------------------------------------- VBNode
+
+VBNode::VBNode(QTreeWidgetItem* item) : m_item(item) {}
+
+QTreeWidgetItem* VBNode::checked() const {
+    if (!m_item)
+        throw VBError(VBErr::ObjectNotSet);
+    return m_item;
+}
+
+VBTreeWidget* VBNode::tree() const { return qobject_cast<VBTreeWidget*>(checked()->treeWidget()); }
+
+QString VBNode::Key() const { return checked()->data(0, VBRole::Key).toString(); }
+
+QVariant VBNode::Tag() const { return checked()->data(0, VBRole::Tag); }
+
+void VBNode::setTag(const QVariant& varTag) { checked()->setData(0, VBRole::Tag, varTag); }
+
+QString VBNode::Text() const { return checked()->text(0); }
+
+void VBNode::setText(const QString& strText) { checked()->setText(0, strText); }
+
+qint32 VBNode::Index() const {
+    QTreeWidgetItem* item = checked();
+    VBTreeWidget* t = tree();
+    if (!t)
+        return 0;
+    if (t->IsListView())
+        return t->indexOfTopLevelItem(item) + 1;
+    return t->IndexOf(item);
+}
+
+bool VBNode::Bold() const { return checked()->font(0).bold(); }
+
+void VBNode::setBold(bool blnBold) {
+    QFont f = checked()->font(0);
+    f.setBold(blnBold);
+    m_item->setFont(0, f);
+}
+
+bool VBNode::Selected() const { return checked()->isSelected(); }
+
+void VBNode::setSelected(bool blnSelected) {
+    QTreeWidgetItem* item = checked();
+    if (blnSelected && item->treeWidget())
+        item->treeWidget()->setCurrentItem(item);
+    item->setSelected(blnSelected);
+}
+
+bool VBNode::Expanded() const { return checked()->isExpanded(); }
+
+void VBNode::setExpanded(bool blnExpanded) { checked()->setExpanded(blnExpanded); }
+
+QVariant VBNode::Image() const { return checked()->data(0, VBRole::Image); }
+
+void VBNode::setImage(const QVariant& varImage) {
+    QTreeWidgetItem* item = checked();
+    item->setData(0, VBRole::Image, varImage);
+    if (VBTreeWidget* t = tree())
+        item->setIcon(0, t->IconFor(varImage));
+}
+
+QVariant VBNode::ExpandedImage() const { return checked()->data(0, VBRole::ExpandedImage); }
+
+void VBNode::setExpandedImage(const QVariant& varImage) {
+    checked()->setData(0, VBRole::ExpandedImage, varImage);
+    if (m_item->isExpanded() && tree())
+        m_item->setIcon(0, tree()->IconFor(varImage));
+}
+
+qint32 VBNode::Children() const { return checked()->childCount(); }
+
+VBNode VBNode::Child() const {
+    QTreeWidgetItem* item = checked();
+    return item->childCount() > 0 ? VBNode(item->child(0)) : VBNode();
+}
+
+namespace {
+// The siblings of an item: its parent's children, or the top level.
+int siblingCount(QTreeWidgetItem* item) {
+    if (item->parent())
+        return item->parent()->childCount();
+    return item->treeWidget() ? item->treeWidget()->topLevelItemCount() : 0;
+}
+QTreeWidgetItem* sibling(QTreeWidgetItem* item, int index) {
+    if (index < 0 || index >= siblingCount(item))
+        return nullptr;
+    if (item->parent())
+        return item->parent()->child(index);
+    return item->treeWidget()->topLevelItem(index);
+}
+int siblingIndex(QTreeWidgetItem* item) {
+    if (item->parent())
+        return item->parent()->indexOfChild(item);
+    return item->treeWidget() ? item->treeWidget()->indexOfTopLevelItem(item) : -1;
+}
+} // namespace
+
+VBNode VBNode::Next() const { return VBNode(sibling(checked(), siblingIndex(m_item) + 1)); }
+
+VBNode VBNode::Previous() const { return VBNode(sibling(checked(), siblingIndex(m_item) - 1)); }
+
+VBNode VBNode::Parent() const { return VBNode(checked()->parent()); }
+
+VBNode VBNode::FirstSibling() const { return VBNode(sibling(checked(), 0)); }
+
+VBNode VBNode::LastSibling() const {
+    return VBNode(sibling(checked(), siblingCount(m_item) - 1));
+}
+
+VBNode VBNode::Root() const {
+    QTreeWidgetItem* item = checked();
+    while (item->parent())
+        item = item->parent();
+    return VBNode(item);
+}
+
+void VBNode::EnsureVisible() {
+    QTreeWidgetItem* item = checked();
+    for (QTreeWidgetItem* p = item->parent(); p; p = p->parent())
+        p->setExpanded(true);
+    if (item->treeWidget())
+        item->treeWidget()->scrollToItem(item);
+}
+
+void VBNode::setSorted(bool blnSorted) {
+    if (blnSorted)
+        VBTreeWidget::SortChildren(checked(), tree());
+}
+
+QString VBNode::SubItems(qint32 intIndex) const {
+    if (intIndex < 1)
+        throw VBError(VBErr::IndexOutOfBounds);
+    return checked()->text(intIndex);
+}
+
+void VBNode::setSubItems(qint32 intIndex, const QString& strText) {
+    if (intIndex < 1)
+        throw VBError(VBErr::IndexOutOfBounds);
+    checked()->setText(intIndex, strText);
+}
+
+bool VBNode::SubItemBold(qint32 intIndex) const { return checked()->font(intIndex).bold(); }
+
+void VBNode::setSubItemBold(qint32 intIndex, bool blnBold) {
+    QFont f = checked()->font(intIndex);
+    f.setBold(blnBold);
+    m_item->setFont(intIndex, f);
+}
+
+QString VBNode::ToolTipText() const { return checked()->toolTip(0); }
+
+void VBNode::setToolTipText(const QString& strText) { checked()->setToolTip(0, strText); }
+
+// ---------------------------------------------------------------- VBTreeWidget
+
+VBTreeWidget::VBTreeWidget(QWidget* parent) : QTreeWidget(parent) {
+    setHeaderHidden(true);
+    setColumnCount(1);
+    connect(model(), &QAbstractItemModel::rowsAboutToBeRemoved, this,
+            &VBTreeWidget::onRowsAboutToBeRemoved);
+    connect(model(), &QAbstractItemModel::modelAboutToBeReset, this, [this] {
+        if (m_reordering == 0) {
+            m_keys.clear();
+            m_creationOrder.clear();
+        }
+    });
+    connect(this, &QTreeWidget::itemExpanded, this, &VBTreeWidget::onItemExpandedChanged);
+    connect(this, &QTreeWidget::itemCollapsed, this, &VBTreeWidget::onItemExpandedChanged);
+}
+
+void VBTreeWidget::registerItem(QTreeWidgetItem* item, const QString& strKey) {
+    item->setData(0, VBRole::Key, strKey.isEmpty() ? QVariant() : QVariant(strKey));
+    item->setData(0, VBRole::Serial, ++m_serial);
+    m_creationOrder.append(item);
+    if (!strKey.isEmpty())
+        m_keys.insert(strKey, item);
+}
+
+void VBTreeWidget::forget(QTreeWidgetItem* item) {
+    for (int i = 0; i < item->childCount(); ++i)
+        forget(item->child(i));
+    const QString key = item->data(0, VBRole::Key).toString();
+    if (!key.isEmpty() && m_keys.value(key) == item)
+        m_keys.remove(key);
+    m_creationOrder.removeOne(item);
+}
+
+void VBTreeWidget::onRowsAboutToBeRemoved(const QModelIndex& parent, int first, int last) {
+    if (m_reordering > 0)
+        return;
+    QTreeWidgetItem* parentItem = parent.isValid() ? itemFromIndex(parent) : nullptr;
+    for (int row = first; row <= last; ++row) {
+        QTreeWidgetItem* item = parentItem ? parentItem->child(row) : topLevelItem(row);
+        if (item)
+            forget(item);
+    }
+}
+
+void VBTreeWidget::onItemExpandedChanged(QTreeWidgetItem* item) {
+    const QVariant expanded = item->data(0, VBRole::ExpandedImage);
+    if (!expanded.isValid())
+        return;
+    item->setIcon(0, IconFor(item->isExpanded() ? expanded : item->data(0, VBRole::Image)));
+}
+
+QIcon VBTreeWidget::IconFor(const QVariant& varImage) const {
+    if (!varImage.isValid() || varImage.isNull() || !m_images)
+        return QIcon();
+    if (varImage.typeId() == QMetaType::QString && varImage.toString().isEmpty())
+        return QIcon();
+    return m_images->Icon(varImage);
+}
+
+VBNode VBTreeWidget::Add(const QVariant& varRelative, qint32 intRelationship,
+                         const QString& strKey, const QString& strText, const QVariant& varImage,
+                         const QVariant& varSelectedImage) {
+    Q_UNUSED(varSelectedImage);
+    if (!strKey.isEmpty()) {
+        if (VB::IsNumeric(strKey))
+            throw VBError(VBErr::InvalidKey);
+        if (m_keys.contains(strKey))
+            throw VBError(VBErr::KeyNotUnique);
+    }
+    const QIcon icon = IconFor(varImage);
+    auto* item = new QTreeWidgetItem;
+    const bool noRelative = !varRelative.isValid() || varRelative.isNull() ||
+                            (varRelative.typeId() == QMetaType::QString &&
+                             varRelative.toString().isEmpty());
+    if (noRelative) {
+        if (intRelationship == tvwFirst)
+            insertTopLevelItem(0, item);
+        else
+            addTopLevelItem(item);
+    } else {
+        QTreeWidgetItem* relative = nullptr;
+        try {
+            relative = Nodes(varRelative).Item();
+        } catch (...) {
+            delete item;
+            throw;
+        }
+        QTreeWidgetItem* parent = relative->parent();
+        const int at = siblingIndex(relative);
+        auto insertAt = [&](int index) {
+            if (parent)
+                parent->insertChild(index, item);
+            else
+                insertTopLevelItem(index, item);
+        };
+        switch (intRelationship) {
+        case tvwChild:
+            relative->addChild(item);
+            break;
+        case tvwFirst:
+            insertAt(0);
+            break;
+        case tvwNext:
+            insertAt(at + 1);
+            break;
+        case tvwPrevious:
+            insertAt(at);
+            break;
+        default:
+            insertAt(siblingCount(relative));
+            break;
+        }
+    }
+    registerItem(item, strKey);
+    item->setText(0, strText);
+    item->setData(0, VBRole::Image, varImage);
+    item->setIcon(0, icon);
+    return VBNode(item);
+}
+
+VBNode VBTreeWidget::Nodes(const QString& strKey) const {
+    auto it = m_keys.constFind(strKey);
+    if (it == m_keys.constEnd())
+        throw VBError(VBErr::ElementNotFound);
+    return VBNode(it.value());
+}
+
+VBNode VBTreeWidget::Nodes(qint32 lngIndex) const {
+    if (lngIndex < 1 || lngIndex > Count())
+        throw VBError(VBErr::IndexOutOfBounds);
+    return VBNode(m_creationOrder.at(lngIndex - 1));
+}
+
+VBNode VBTreeWidget::Nodes(const QVariant& varKeyOrIndex) const {
+    if (varKeyOrIndex.typeId() == QMetaType::QString)
+        return Nodes(varKeyOrIndex.toString());
+    bool ok = false;
+    const qint32 index = varKeyOrIndex.toInt(&ok);
+    if (!ok)
+        throw VBError(VBErr::TypeMismatch);
+    return Nodes(index);
+}
+
+void VBTreeWidget::Remove(const QVariant& varKeyOrIndex) {
+    QTreeWidgetItem* item = Nodes(varKeyOrIndex).Item();
+    delete item;
+}
+
+void VBTreeWidget::Clear() {
+    clear();
+    m_keys.clear();
+    m_creationOrder.clear();
+}
+
+qint32 VBTreeWidget::IndexOf(const QTreeWidgetItem* item) const {
+    return static_cast<qint32>(m_creationOrder.indexOf(const_cast<QTreeWidgetItem*>(item))) + 1;
+}
+
+VBNode VBTreeWidget::SelectedItem() const {
+    QTreeWidgetItem* item = currentItem();
+    if (item && item->isSelected())
+        return VBNode(item);
+    const QList<QTreeWidgetItem*> selected = selectedItems();
+    return selected.isEmpty() ? VBNode() : VBNode(selected.first());
+}
+
+void VBTreeWidget::setSelectedItem(const VBNode& node) {
+    if (node.IsNothing()) {
+        clearSelection();
+        return;
+    }
+    VBNode(node).setSelected(true);
+}
+
+void VBTreeWidget::setSorted(bool blnSorted) {
+    if (blnSorted)
+        SortChildren(nullptr, this);
+}
+
+void VBTreeWidget::SortChildren(QTreeWidgetItem* parent, VBTreeWidget* tree) {
+    if (!tree)
+        return;
+    // Taking the items out and back would drop their expanded state: keep it.
+    QList<QTreeWidgetItem*> expanded;
+    std::function<void(QTreeWidgetItem*)> note = [&](QTreeWidgetItem* item) {
+        if (item->isExpanded())
+            expanded.append(item);
+        for (int i = 0; i < item->childCount(); ++i)
+            note(item->child(i));
+    };
+    ++tree->m_reordering;
+    QList<QTreeWidgetItem*> items;
+    if (parent) {
+        items = parent->takeChildren();
+    } else {
+        while (tree->topLevelItemCount() > 0)
+            items.append(tree->takeTopLevelItem(0));
+    }
+    for (QTreeWidgetItem* item : items)
+        note(item);
+    std::stable_sort(items.begin(), items.end(), [](QTreeWidgetItem* a, QTreeWidgetItem* b) {
+        return a->text(0).compare(b->text(0), Qt::CaseInsensitive) < 0;
+    });
+    if (parent)
+        parent->addChildren(items);
+    else
+        tree->addTopLevelItems(items);
+    --tree->m_reordering;
+    for (QTreeWidgetItem* item : expanded)
+        item->setExpanded(true);
+}
+
+void VBTreeWidget::SetListView() {
+    m_blnListView = true;
+    setRootIsDecorated(false);
+    setItemsExpandable(false);
+    setUniformRowHeights(true);
+    setHeaderHidden(false);
+    header()->setStretchLastSection(false);
+}
+
+VBNode VBTreeWidget::AddItem(const QString& strKey, const QString& strText,
+                             const QVariant& varIcon, const QVariant& varSmallIcon) {
+    Q_UNUSED(varIcon);
+    if (!strKey.isEmpty()) {
+        if (VB::IsNumeric(strKey))
+            throw VBError(VBErr::InvalidKey);
+        if (m_keys.contains(strKey))
+            throw VBError(VBErr::KeyNotUnique);
+    }
+    const QIcon icon = IconFor(varSmallIcon);
+    auto* item = new QTreeWidgetItem;
+    addTopLevelItem(item);
+    registerItem(item, strKey);
+    item->setText(0, strText);
+    item->setData(0, VBRole::Image, varSmallIcon);
+    item->setIcon(0, icon);
+    return VBNode(item);
+}
+
+VBNode VBTreeWidget::ListItems(qint32 lngIndex) const {
+    if (lngIndex < 1 || lngIndex > topLevelItemCount())
+        throw VBError(VBErr::IndexOutOfBounds);
+    return VBNode(topLevelItem(lngIndex - 1));
+}
+
+qint32 VBTreeWidget::AddColumnHeader(const QString& strKey, const QString& strText,
+                                     qint32 lngWidthTwips) {
+    if (!strKey.isEmpty() && m_columnKeys.contains(strKey))
+        throw VBError(VBErr::KeyNotUnique);
+    m_columnKeys.append(strKey);
+    const int column = static_cast<int>(m_columnKeys.size()) - 1;
+    setColumnCount(column + 1);
+    QTreeWidgetItem* head = headerItem();
+    head->setText(column, strText);
+    setColumnWidth(column, Twips::ToPixels(lngWidthTwips));
+    return column + 1;
+}
+
+qint32 VBTreeWidget::ColumnHeaderIndex(const QString& strKey) const {
+    const qsizetype at = m_columnKeys.indexOf(strKey);
+    if (at < 0)
+        throw VBError(VBErr::ElementNotFound);
+    return static_cast<qint32>(at) + 1;
+}
+
+void VBTreeWidget::ClearColumnHeaders() {
+    m_columnKeys.clear();
+    setColumnCount(1);
+    headerItem()->setText(0, QString());
+}

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+
+#include <functional>
+
+// A read cursor over rows that an operation of DataAccess fetched. The rows are a snapshot:
+// they are read into memory when the operation runs, so a Recordset stays valid after other
+// writes and RecordCount() is exact from the start.
+//
+// Values: Null is a null QVariant (isNull()), booleans come back as bool, dates as QDateTime,
+// whole numbers as qint64-compatible integers, texts as QString.
+//
+// Fields(name) finds a field by its name without regard to letter case. A name may carry a table
+// prefix ("Verses.VerseID", "ServiceItems.ServiceItemID"); a name without a prefix finds the
+// first field of that name. An unknown name, or reading while Eof(), gives an invalid QVariant
+// and writes an error line to the trace log.
+//
+// Only the one row of DataAccess::GetOptions can be changed: Edit(), then SetField() for each
+// field, then Update() writes the changed fields to the database.
+class Recordset {
+public:
+    struct Column {
+        QString table; // may be empty
+        QString name;
+    };
+    using Writer = std::function<bool(const QVariantMap& changes, QString& strErrorMessage)>;
+
+    Recordset(QList<Column> columns, QList<QVariantList> rows);
+
+    qint32 RecordCount() const { return static_cast<qint32>(m_rows.size()); }
+    void MoveFirst() { m_current = 0; }
+    void MoveLast() { m_current = m_rows.isEmpty() ? 0 : m_rows.size() - 1; }
+    void MoveNext();
+    void MovePrevious();
+    bool Eof() const { return m_current >= m_rows.size(); }
+    bool Bof() const { return m_current < 0 || m_rows.isEmpty(); }
+    // 0-based position of the current row (Jet's AbsolutePosition).
+    qint32 AbsolutePosition() const { return static_cast<qint32>(m_current); }
+
+    QVariant Fields(const QString& strName) const;
+    bool HasField(const QString& strName) const { return FieldIndex(strName) >= 0; }
+    // The field names as "Table.Name" (or "Name" without a table), in column order.
+    QStringList FieldNames() const;
+
+    // Editing of an editable row (the options row). Edit() fails on a read-only recordset.
+    bool Edit();
+    bool SetField(const QString& strName, const QVariant& value);
+    bool Update();
+    void CancelUpdate();
+    bool IsEditable() const { return static_cast<bool>(m_writer); }
+    QString LastError() const { return m_lastError; }
+
+    // Used by DataAccess to make a recordset editable.
+    void SetWriter(Writer writer) { m_writer = std::move(writer); }
+
+private:
+    qint32 FieldIndex(const QString& strName) const;
+
+    QList<Column> m_columns;
+    QList<QVariantList> m_rows;
+    qsizetype m_current = 0;
+    Writer m_writer;
+    bool m_editing = false;
+    QVariantMap m_changes;
+    QString m_lastError;
+};
