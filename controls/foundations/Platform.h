@@ -25,6 +25,10 @@ public:
     static Platform& Current();
     static void Install(Platform* pPlatform);
 
+    // A path as the controls write it (with "\") as this machine names it: the
+    // path itself when it exists or holds no "\", else with "\" turned into "/".
+    static QString LocalPath(const QString& strPath);
+
     // A message box with the button set, icon and default button of intButtons.
     // Returns vbOK, vbCancel, vbYes, vbNo, ... An empty title means "Corvantis".
     virtual qint32 MsgBox(const QString& strPrompt, qint32 intButtons = vbOKOnly,

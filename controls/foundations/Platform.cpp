@@ -1,0 +1,414 @@
+#include "foundations/Platform.h"
+
+#include "foundations/VBError.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFontDialog>
+#include <QKeyEvent>
+#include <QMessageBox>
+#include <QPainter>
+#include <QProcess>
+#include <QPushButton>
+#include <QScreen>
+#include <QStyle>
+#include <QUrl>
+#include <QWidget>
+
+namespace {
+
+Platform* g_installed = nullptr;
+
+const QString& applicationTitle() {
+    static const QString title = QStringLiteral("Corvantis");
+    return title;
+}
+
+// Dialogs need a QApplication; a console-only process (a tool, a test without
+// widgets) gets the default answers instead of a crash.
+bool haveWidgets() {
+    return qobject_cast<QApplication*>(QCoreApplication::instance()) != nullptr;
+}
+
+QWidget* dialogParent() {
+    return haveWidgets() ? QApplication::activeWindow() : nullptr;
+}
+
+struct BoxButton {
+    QMessageBox::StandardButton button;
+    qint32 answer;
+};
+
+QList<BoxButton> buttonSet(qint32 intButtons) {
+    switch (intButtons & 0x7) {
+    case vbOKCancel:
+        return {{QMessageBox::Ok, vbOK}, {QMessageBox::Cancel, vbCancel}};
+    case vbAbortRetryIgnore:
+        return {{QMessageBox::Abort, vbAbort},
+                {QMessageBox::Retry, vbRetry},
+                {QMessageBox::Ignore, vbIgnore}};
+    case vbYesNoCancel:
+        return {
+            {QMessageBox::Yes, vbYes}, {QMessageBox::No, vbNo}, {QMessageBox::Cancel, vbCancel}};
+    case vbYesNo:
+        return {{QMessageBox::Yes, vbYes}, {QMessageBox::No, vbNo}};
+    case vbRetryCancel:
+        return {{QMessageBox::Retry, vbRetry}, {QMessageBox::Cancel, vbCancel}};
+    default:
+        return {{QMessageBox::Ok, vbOK}};
+    }
+}
+
+QMessageBox::Icon boxIcon(qint32 intButtons) {
+    switch (intButtons & 0x70) {
+    case vbCritical:
+        return QMessageBox::Critical;
+    case vbQuestion:
+        return QMessageBox::Question;
+    case vbExclamation:
+        return QMessageBox::Warning;
+    case vbInformation:
+        return QMessageBox::Information;
+    default:
+        return QMessageBox::NoIcon;
+    }
+}
+
+// "Text files|*.txt;*.rtf|All|*.*" -> "Text files (*.txt *.rtf);;All (*.*)".
+QString qtFilter(const QString& strFilter) {
+    const QStringList parts = strFilter.split(QLatin1Char('|'));
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QString patterns = parts.at(i + 1);
+        patterns.replace(QLatin1Char(';'), QLatin1Char(' '));
+        filters << parts.at(i) + QStringLiteral(" (") + patterns.simplified() + QLatin1Char(')');
+    }
+    if (parts.size() % 2 == 1 && !parts.last().isEmpty())
+        filters << parts.last();
+    return filters.join(QStringLiteral(";;"));
+}
+
+QString cancelled(bool blnCancelError) {
+    if (blnCancelError)
+        throw VBError(VBErr::CancelSelected);
+    return QString();
+}
+
+QColor colorFromBgr(qint32 lngColor) {
+    return QColor(lngColor & 0xFF, (lngColor >> 8) & 0xFF, (lngColor >> 16) & 0xFF);
+}
+
+qint32 bgrFromColor(const QColor& color) {
+    return color.red() | (color.green() << 8) | (color.blue() << 16);
+}
+
+QList<QScreen*> screensPrimaryFirst() {
+    QList<QScreen*> screens = QGuiApplication::screens();
+    QScreen* primary = QGuiApplication::primaryScreen();
+    if (primary && screens.removeOne(primary))
+        screens.prepend(primary);
+    return screens;
+}
+
+QRect virtualDesktop() {
+    QRect area;
+    for (QScreen* screen : QGuiApplication::screens())
+        area = area.united(screen->geometry());
+    return area;
+}
+
+// The key of a SendKeys name ("F1", "ENTER", ...), or 0.
+int namedKey(const QString& strName) {
+    const QString name = strName.toUpper();
+    if (name.size() >= 2 && name.front() == QLatin1Char('F')) {
+        bool ok = false;
+        const int n = name.mid(1).toInt(&ok);
+        if (ok && n >= 1 && n <= 24)
+            return Qt::Key_F1 + n - 1;
+    }
+    static const QHash<QString, int> keys = {
+        {QStringLiteral("ENTER"), Qt::Key_Return}, {QStringLiteral("~"), Qt::Key_Return},
+        {QStringLiteral("ESC"), Qt::Key_Escape},   {QStringLiteral("ESCAPE"), Qt::Key_Escape},
+        {QStringLiteral("TAB"), Qt::Key_Tab},      {QStringLiteral("BACKSPACE"), Qt::Key_Backspace},
+        {QStringLiteral("BS"), Qt::Key_Backspace}, {QStringLiteral("DELETE"), Qt::Key_Delete},
+        {QStringLiteral("DEL"), Qt::Key_Delete},   {QStringLiteral("INSERT"), Qt::Key_Insert},
+        {QStringLiteral("HOME"), Qt::Key_Home},    {QStringLiteral("END"), Qt::Key_End},
+        {QStringLiteral("PGUP"), Qt::Key_PageUp},  {QStringLiteral("PGDN"), Qt::Key_PageDown},
+        {QStringLiteral("UP"), Qt::Key_Up},        {QStringLiteral("DOWN"), Qt::Key_Down},
+        {QStringLiteral("LEFT"), Qt::Key_Left},    {QStringLiteral("RIGHT"), Qt::Key_Right},
+    };
+    return keys.value(name, 0);
+}
+
+void postKey(QObject* target, int key, Qt::KeyboardModifiers modifiers, const QString& text) {
+    QCoreApplication::postEvent(target, new QKeyEvent(QEvent::KeyPress, key, modifiers, text));
+    QCoreApplication::postEvent(target, new QKeyEvent(QEvent::KeyRelease, key, modifiers, text));
+}
+
+} // namespace
+
+Platform::~Platform() {
+    if (g_installed == this)
+        g_installed = nullptr;
+}
+
+Platform& Platform::Current() {
+    static Platform qtPlatform;
+    return g_installed ? *g_installed : qtPlatform;
+}
+
+void Platform::Install(Platform* pPlatform) {
+    g_installed = pPlatform;
+}
+
+QString Platform::LocalPath(const QString& strPath) {
+    if (strPath.isEmpty() || QFileInfo::exists(strPath) || !strPath.contains(QLatin1Char('\\')))
+        return strPath;
+    return QString(strPath).replace(QLatin1Char('\\'), QLatin1Char('/'));
+}
+
+qint32 Platform::MsgBox(const QString& strPrompt, qint32 intButtons, const QString& strTitle) {
+    const QList<BoxButton> set = buttonSet(intButtons);
+    if (!haveWidgets())
+        return set.front().answer;
+    QMessageBox box(boxIcon(intButtons), strTitle.isEmpty() ? applicationTitle() : strTitle,
+                    strPrompt, QMessageBox::NoButton, dialogParent());
+    QList<QAbstractButton*> buttons;
+    for (const BoxButton& b : set)
+        buttons << box.addButton(b.button);
+    const qsizetype defaultIndex = qMin<qsizetype>((intButtons >> 8) & 0x3, buttons.size() - 1);
+    box.setDefaultButton(qobject_cast<QPushButton*>(buttons.at(defaultIndex)));
+    // Escape answers Cancel where there is one, OK in an OK-only box, and does
+    // nothing in a Yes/No or Abort/Retry/Ignore box.
+    for (qsizetype i = 0; i < set.size(); ++i)
+        if (set.at(i).answer == vbCancel || (set.size() == 1 && set.at(i).answer == vbOK))
+            box.setEscapeButton(buttons.at(i));
+    box.exec();
+    const qsizetype clicked = buttons.indexOf(box.clickedButton());
+    if (clicked < 0)
+        return set.size() == 1 ? vbOK : vbCancel;
+    return set.at(clicked).answer;
+}
+
+QString Platform::ShowOpen(const QString& strFilter, const QString& strTitle,
+                           const QString& strInitDir, bool blnCancelError) {
+    if (!haveWidgets())
+        return cancelled(blnCancelError);
+    const QString file = QFileDialog::getOpenFileName(dialogParent(), strTitle,
+                                                      LocalPath(strInitDir), qtFilter(strFilter));
+    return file.isEmpty() ? cancelled(blnCancelError) : file;
+}
+
+QString Platform::ShowSave(const QString& strFilter, const QString& strTitle,
+                           const QString& strInitDir, const QString& strFileName,
+                           bool blnCancelError) {
+    if (!haveWidgets())
+        return cancelled(blnCancelError);
+    QString start = LocalPath(strInitDir);
+    if (!strFileName.isEmpty())
+        start = start.isEmpty() ? strFileName : QDir(start).filePath(strFileName);
+    const QString file =
+        QFileDialog::getSaveFileName(dialogParent(), strTitle, start, qtFilter(strFilter));
+    return file.isEmpty() ? cancelled(blnCancelError) : file;
+}
+
+QFont Platform::ShowFont(const QFont& fntInitial, bool blnCancelError) {
+    bool ok = false;
+    QFont font = fntInitial;
+    if (haveWidgets())
+        font = QFontDialog::getFont(&ok, fntInitial, dialogParent());
+    if (!ok) {
+        cancelled(blnCancelError);
+        return fntInitial;
+    }
+    return font;
+}
+
+qint32 Platform::ShowColor(qint32 lngInitial, bool blnCancelError) {
+    QColor color;
+    if (haveWidgets())
+        color = QColorDialog::getColor(colorFromBgr(lngInitial), dialogParent());
+    if (!color.isValid()) {
+        cancelled(blnCancelError);
+        return lngInitial;
+    }
+    return bgrFromColor(color);
+}
+
+void Platform::DoEvents() {
+    QCoreApplication::processEvents();
+}
+
+bool Platform::FileExists(const QString& strPath) {
+    if (strPath.isEmpty())
+        return false;
+    const QFileInfo info(LocalPath(strPath));
+    return info.exists() && info.isFile();
+}
+
+qint32 Platform::ShellExecute(const QString& sVerb, const QString& sFile, const QString& sParams,
+                              const QString& sDirectory, qint32 nShowCmd) {
+    Q_UNUSED(nShowCmd)
+    constexpr qint32 done = 42;
+    constexpr qint32 fileNotFound = 2;
+    constexpr qint32 noAssociation = 31;
+
+    const QString verb = sVerb.trimmed().toLower();
+    if (!verb.isEmpty() && verb != QLatin1String("open") && verb != QLatin1String("edit") &&
+        verb != QLatin1String("explore"))
+        return noAssociation;
+
+    const QUrl asUrl(sFile);
+    if (!asUrl.scheme().isEmpty() && asUrl.scheme().size() > 1 && !asUrl.isLocalFile())
+        return QDesktopServices::openUrl(asUrl) ? done : noAssociation;
+
+    const QFileInfo info(LocalPath(sFile));
+    if (!info.exists())
+        return fileNotFound;
+    if (info.isFile() && info.isExecutable()) {
+        const bool started = QProcess::startDetached(
+            info.absoluteFilePath(), QProcess::splitCommand(sParams), LocalPath(sDirectory));
+        return started ? done : fileNotFound;
+    }
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(info.absoluteFilePath())) ? done
+                                                                                   : noAssociation;
+}
+
+void Platform::OpenWith(const QString& sFile) {
+    if (!haveWidgets())
+        return;
+    const QString program = QFileDialog::getOpenFileName(
+        dialogParent(), QStringLiteral("Open with"), QStringLiteral("/usr/bin"));
+    if (program.isEmpty())
+        return;
+    QProcess::startDetached(program, {LocalPath(sFile)});
+}
+
+void Platform::SendKeys(const QString& strKeys) {
+    if (!haveWidgets())
+        return;
+    QObject* target = QApplication::focusWidget();
+    if (!target)
+        target = QApplication::activeWindow();
+    if (!target)
+        return;
+    // Key names in braces ("{F1}", "{ENTER}"), plain characters, and the
+    // prefixes + (Shift), ^ (Ctrl) and % (Alt) for the key that follows.
+    Qt::KeyboardModifiers modifiers;
+    for (qsizetype i = 0; i < strKeys.size(); ++i) {
+        const QChar c = strKeys.at(i);
+        if (c == QLatin1Char('+')) {
+            modifiers |= Qt::ShiftModifier;
+            continue;
+        }
+        if (c == QLatin1Char('^')) {
+            modifiers |= Qt::ControlModifier;
+            continue;
+        }
+        if (c == QLatin1Char('%')) {
+            modifiers |= Qt::AltModifier;
+            continue;
+        }
+        if (c == QLatin1Char('{')) {
+            const qsizetype close = strKeys.indexOf(QLatin1Char('}'), i + 2);
+            if (close < 0)
+                return;
+            const QString name = strKeys.mid(i + 1, close - i - 1);
+            i = close;
+            const int key = namedKey(name);
+            if (key != 0)
+                postKey(target, key, modifiers, QString());
+            else if (name.size() == 1)
+                postKey(target, name.at(0).toUpper().unicode(), modifiers, name);
+        } else if (c == QLatin1Char('~')) {
+            postKey(target, Qt::Key_Return, modifiers, QStringLiteral("\r"));
+        } else {
+            postKey(target, c.toUpper().unicode(), modifiers, QString(c));
+        }
+        modifiers = Qt::NoModifier;
+    }
+}
+
+QList<QRect> Platform::MonitorRects() {
+    QList<QRect> rects;
+    for (QScreen* screen : screensPrimaryFirst())
+        rects << screen->geometry();
+    return rects;
+}
+
+QList<QRect> Platform::MonitorWorkRects() {
+    QList<QRect> rects;
+    for (QScreen* screen : screensPrimaryFirst())
+        rects << screen->availableGeometry();
+    return rects;
+}
+
+qint32 Platform::MonitorFromPoint(const QPoint& ptPoint) {
+    const QList<QRect> rects = MonitorRects();
+    for (qsizetype i = 0; i < rects.size(); ++i)
+        if (rects.at(i).contains(ptPoint))
+            return static_cast<qint32>(i);
+    return -1;
+}
+
+qint32 Platform::GetSystemMetrics(qint32 nIndex) {
+    QScreen* primary = QGuiApplication::primaryScreen();
+    const QRect screen = primary ? primary->geometry() : QRect();
+    const QRect work = primary ? primary->availableGeometry() : QRect();
+    const QRect desktop = virtualDesktop();
+    QStyle* style = haveWidgets() ? QApplication::style() : nullptr;
+    switch (nIndex) {
+    case 0: // SM_CXSCREEN
+        return screen.width();
+    case 1: // SM_CYSCREEN
+        return screen.height();
+    case 2: // SM_CXVSCROLL
+    case 3: // SM_CYHSCROLL
+        return style ? style->pixelMetric(QStyle::PM_ScrollBarExtent) : 0;
+    case 4: // SM_CYCAPTION
+        return style ? style->pixelMetric(QStyle::PM_TitleBarHeight) : 0;
+    case 16: // SM_CXFULLSCREEN
+        return work.width();
+    case 17: // SM_CYFULLSCREEN
+        return work.height();
+    case 76: // SM_XVIRTUALSCREEN
+        return desktop.x();
+    case 77: // SM_YVIRTUALSCREEN
+        return desktop.y();
+    case 78: // SM_CXVIRTUALSCREEN
+        return desktop.width();
+    case 79: // SM_CYVIRTUALSCREEN
+        return desktop.height();
+    case 80: // SM_CMONITORS
+        return static_cast<qint32>(QGuiApplication::screens().size());
+    default:
+        return 0;
+    }
+}
+
+QPixmap Platform::GrabDesktop(const QRect& rcArea) {
+    if (rcArea.isEmpty())
+        return QPixmap();
+    QPixmap picture(rcArea.size());
+    picture.fill(Qt::black);
+    QPainter painter(&picture);
+    // The offscreen platform takes global coordinates, the others coordinates
+    // relative to the screen grabbed.
+    const bool global = QGuiApplication::platformName() == QLatin1String("offscreen");
+    for (QScreen* screen : QGuiApplication::screens()) {
+        const QRect part = rcArea.intersected(screen->geometry());
+        if (part.isEmpty())
+            continue;
+        const QPoint from = global ? part.topLeft() : part.topLeft() - screen->geometry().topLeft();
+        const QPixmap grabbed =
+            screen->grabWindow(0, from.x(), from.y(), part.width(), part.height());
+        if (!grabbed.isNull())
+            painter.drawPixmap(QRect(part.topLeft() - rcArea.topLeft(), part.size()), grabbed);
+    }
+    painter.end();
+    return picture;
+}
