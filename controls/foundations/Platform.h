@@ -24,6 +24,8 @@ public:
     // not take ownership.
     static Platform& Current();
     static void Install(Platform* pPlatform);
+    // The platform put in place by Install, or nullptr when the Qt one is in force.
+    static Platform* Installed();
 
     // A path as the controls write it (with "\") as this machine names it: the
     // path itself when it exists or holds no "\", else with "\" turned into "/".
@@ -54,9 +56,8 @@ public:
 
     // Performs sVerb on sFile with the system's program. Returns a value above 32
     // on success, 31 when no program is associated with the file.
-    virtual qint32 ShellExecute(const QString& sVerb, const QString& sFile,
-                                const QString& sParams, const QString& sDirectory,
-                                qint32 nShowCmd);
+    virtual qint32 ShellExecute(const QString& sVerb, const QString& sFile, const QString& sParams,
+                                const QString& sDirectory, qint32 nShowCmd);
     // Lets the user choose a program for a file that has none associated.
     virtual void OpenWith(const QString& sFile);
 

@@ -1,0 +1,161 @@
+#pragma once
+
+#include "foundations/Platform.h"
+
+#include <QFont>
+#include <QHash>
+#include <QList>
+#include <QPixmap>
+#include <QRect>
+#include <QString>
+#include <QStringList>
+#include <functional>
+#include <optional>
+
+// The Platform of a test: it records every call and answers from what the test
+// queued, so that no real box or dialog ever opens.
+//
+// The constructor installs it (Platform::Current() is this object), the
+// destructor restores the previous one. Create one per test function, as a
+// local or a member created in init():
+//
+//   ScriptedPlatform platform;
+//   platform.QueueAnswer(vbNo);                 // the answer to the next box
+//   editor.CanUnload();
+//   QCOMPARE(platform.BoxCount(), 1);
+//   QCOMPARE(platform.LastBox().Title, QString("Save Changes?"));
+//   QCOMPARE(platform.LastBox().Buttons, vbYesNo | vbQuestion);
+//
+// Strictness, so that a test cannot pass by accident:
+// - a message box for which no answer is queued FAILS THE TEST (QTest::qFail)
+//   and is answered with its safest button (Cancel, else No, else OK); a test
+//   that does not care may opt in to SetDefaultAnswer;
+// - answers still queued when the object is destroyed fail the test (the box
+//   that was expected never came), unless the test has failed already;
+// - an open, save, font or colour dialog with nothing queued fails the test
+//   and is answered as Cancel.
+//
+// Everything else has a harmless scripted default: ShellExecute answers 42
+// (done) and starts nothing, OpenWith and SendKeys are only recorded,
+// DoEvents pumps pending events (and runs the hook, if set), FileExists looks
+// at the real file system unless SetFileExists overrides a path, and
+// monitors, metrics and the desktop grab are the real (offscreen) ones until
+// scripted.
+class ScriptedPlatform : public Platform {
+public:
+    ScriptedPlatform();
+    ~ScriptedPlatform() override;
+
+    // ---- Message boxes ------------------------------------------------------
+    struct Box {
+        QString Prompt;
+        qint32 Buttons = 0; // the style passed (buttons + icon + default button)
+        QString Title;      // as passed: empty means the application's title
+        qint32 Answer = 0;  // what the box answered
+    };
+    // Answers the next message box (vbOK, vbYes, vbNo, vbCancel, ...), in order.
+    void QueueAnswer(qint32 lngAnswer);
+    // Answers every box that nothing was queued for, without failing; 0 turns
+    // the strict default back on.
+    void SetDefaultAnswer(qint32 lngAnswer);
+    qint32 PendingAnswers() const { return static_cast<qint32>(m_answers.size()); }
+    const QList<Box>& Boxes() const { return m_boxes; }
+    qint32 BoxCount() const { return static_cast<qint32>(m_boxes.size()); }
+    // The last box shown; a default Box when there was none.
+    Box LastBox() const;
+
+    // ---- File, font and colour dialogs ----------------------------------------
+    struct Dialog {
+        QString Kind; // "Open", "Save", "Font", "Color"
+        QString Filter;
+        QString Title;
+        QString InitDir;
+        QString FileName;
+        bool CancelError = true;
+    };
+    // The file the next open (save) dialog returns; an empty text is Cancel.
+    void QueueOpenFile(const QString& strFile);
+    void QueueSaveFile(const QString& strFile);
+    // The next font / colour dialog: a value, or std::nullopt for Cancel.
+    void QueueFont(const std::optional<QFont>& font);
+    void QueueColor(const std::optional<qint32>& lngBgrColor);
+    const QList<Dialog>& Dialogs() const { return m_dialogs; }
+
+    // ---- Shell, keys, pumping, files ----------------------------------------
+    struct ShellCall {
+        QString Verb, File, Params, Directory;
+        qint32 ShowCmd = 0;
+        qint32 Result = 0;
+    };
+    // What every following ShellExecute answers (42 = done, 31 = no program).
+    void SetShellResult(qint32 lngResult) { m_shellResult = lngResult; }
+    const QList<ShellCall>& ShellCalls() const { return m_shellCalls; }
+    const QStringList& OpenWithFiles() const { return m_openWith; }
+    const QStringList& SentKeys() const { return m_sentKeys; }
+    qint32 DoEventsCount() const { return m_doEvents; }
+    // Runs inside every DoEvents, after the pending events (to play a click
+    // that arrives while a function pumps messages).
+    void SetDoEventsHook(std::function<void()> hook) { m_doEventsHook = std::move(hook); }
+    void SetFileExists(const QString& strPath, bool blnExists);
+
+    // ---- Monitors, metrics, desktop ---------------------------------------------
+    // The monitors, primary first; work areas default to the monitors.
+    void SetMonitors(const QList<QRect>& rects, const QList<QRect>& workRects = {});
+    // Overrides one GetSystemMetrics index. Without it, 0/1, 76..79 and 80
+    // follow the scripted monitors.
+    void SetMetric(qint32 nIndex, qint32 lngValue);
+    // The picture of the whole virtual desktop; its top-left pixel is the
+    // desktop's top-left corner. GrabDesktop cuts the asked area out of it.
+    void SetDesktop(const QPixmap& pixDesktop);
+    const QList<QRect>& Grabs() const { return m_grabs; }
+
+    // Forgets the records (not the queues).
+    void ClearRecords();
+
+    // Platform
+    qint32 MsgBox(const QString& strPrompt, qint32 intButtons = vbOKOnly,
+                  const QString& strTitle = QString()) override;
+    QString ShowOpen(const QString& strFilter, const QString& strTitle = QString(),
+                     const QString& strInitDir = QString(), bool blnCancelError = true) override;
+    QString ShowSave(const QString& strFilter, const QString& strTitle = QString(),
+                     const QString& strInitDir = QString(), const QString& strFileName = QString(),
+                     bool blnCancelError = true) override;
+    QFont ShowFont(const QFont& fntInitial, bool blnCancelError = true) override;
+    qint32 ShowColor(qint32 lngInitial, bool blnCancelError = true) override;
+    void DoEvents() override;
+    bool FileExists(const QString& strPath) override;
+    qint32 ShellExecute(const QString& sVerb, const QString& sFile, const QString& sParams,
+                        const QString& sDirectory, qint32 nShowCmd) override;
+    void OpenWith(const QString& sFile) override;
+    void SendKeys(const QString& strKeys) override;
+    QList<QRect> MonitorRects() override;
+    QList<QRect> MonitorWorkRects() override;
+    qint32 GetSystemMetrics(qint32 nIndex) override;
+    QPixmap GrabDesktop(const QRect& rcArea) override;
+
+private:
+    void fail(const QString& strWhy);
+    QString fileDialog(QList<std::optional<QString>>& queue, Dialog dialog);
+
+    QList<qint32> m_answers;
+    qint32 m_defaultAnswer = 0;
+    QList<Box> m_boxes;
+    QList<std::optional<QString>> m_openFiles;
+    QList<std::optional<QString>> m_saveFiles;
+    QList<std::optional<QFont>> m_fonts;
+    QList<std::optional<qint32>> m_colors;
+    QList<Dialog> m_dialogs;
+    qint32 m_shellResult = 42;
+    QList<ShellCall> m_shellCalls;
+    QStringList m_openWith;
+    QStringList m_sentKeys;
+    qint32 m_doEvents = 0;
+    std::function<void()> m_doEventsHook;
+    QHash<QString, bool> m_files;
+    std::optional<QList<QRect>> m_monitors;
+    QList<QRect> m_workRects;
+    QHash<qint32, qint32> m_metrics;
+    QPixmap m_desktop;
+    QList<QRect> m_grabs;
+    Platform* m_previous = nullptr;
+};
