@@ -1,6 +1,8 @@
 #include "foundations/Platform.h"
 
+#include "foundations/Twips.h"
 #include "foundations/VBError.h"
+#include "foundations/modQVLTControls.h"
 
 #include <QApplication>
 #include <QColorDialog>
@@ -90,6 +92,25 @@ QString qtFilter(const QString& strFilter) {
     if (parts.size() % 2 == 1 && !parts.last().isEmpty())
         filters << parts.last();
     return filters.join(QStringLiteral(";;"));
+}
+
+// True when the first filter of the list names only picture files, so that
+// the open dialog is a picture picker and shows thumbnails.
+bool picturesOnly(const QString& strFilter) {
+    static const QStringList pictures = {QStringLiteral("bmp"),  QStringLiteral("jpg"),
+                                         QStringLiteral("jpeg"), QStringLiteral("gif"),
+                                         QStringLiteral("tif"),  QStringLiteral("tiff"),
+                                         QStringLiteral("dib"),  QStringLiteral("png")};
+    const QStringList parts = strFilter.split(QLatin1Char('|'));
+    if (parts.size() < 2)
+        return false;
+    const QStringList patterns = parts.at(1).split(QLatin1Char(';'), Qt::SkipEmptyParts);
+    for (const QString& pattern : patterns) {
+        const QString extension = pattern.section(QLatin1Char('.'), -1).trimmed().toLower();
+        if (!pictures.contains(extension))
+            return false;
+    }
+    return !patterns.isEmpty();
 }
 
 QString cancelled(bool blnCancelError) {
@@ -198,9 +219,14 @@ QString Platform::ShowOpen(const QString& strFilter, const QString& strTitle,
                            const QString& strInitDir, bool blnCancelError) {
     if (!haveWidgets())
         return cancelled(blnCancelError);
-    const QString file = QFileDialog::getOpenFileName(dialogParent(), strTitle,
-                                                      LocalPath(strInitDir), qtFilter(strFilter));
-    return file.isEmpty() ? cancelled(blnCancelError) : file;
+    QFileDialog dialog(dialogParent(), strTitle, LocalPath(strInitDir), qtFilter(strFilter));
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    if (picturesOnly(strFilter))
+        modQVLTControls::DialogHookProc(&dialog);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return cancelled(blnCancelError);
+    return dialog.selectedFiles().constFirst();
 }
 
 QString Platform::ShowSave(const QString& strFilter, const QString& strTitle,
@@ -411,4 +437,76 @@ QPixmap Platform::GrabDesktop(const QRect& rcArea) {
     }
     painter.end();
     return picture;
+}
+
+namespace {
+
+// How far apart two rectangles lie (the square of the gap), 0 when they meet.
+qint64 gapSquared(const QRect& a, const QRect& b) {
+    const qint64 dx = qMax<qint64>(0, qMax<qint64>(qint64(b.x()) - (qint64(a.x()) + a.width()),
+                                                   qint64(a.x()) - (qint64(b.x()) + b.width())));
+    const qint64 dy = qMax<qint64>(0, qMax<qint64>(qint64(b.y()) - (qint64(a.y()) + a.height()),
+                                                   qint64(a.y()) - (qint64(b.y()) + b.height())));
+    return dx * dx + dy * dy;
+}
+
+} // namespace
+
+qint32 Platform::MonitorFromRect(const QRect& rcRect, qint32 dwFlags) {
+    const QList<QRect> rects = MonitorRects();
+    qint32 best = 0;
+    qint64 bestArea = 0;
+    for (qsizetype i = 0; i < rects.size(); ++i) {
+        const QRect part = rects.at(i).intersected(rcRect);
+        const qint64 area = part.isEmpty() ? 0 : qint64(part.width()) * part.height();
+        if (area > bestArea) {
+            bestArea = area;
+            best = static_cast<qint32>(i + 1);
+        }
+    }
+    if (best != 0 || rects.isEmpty())
+        return best;
+    if (dwFlags == MONITOR_DEFAULTTOPRIMARY)
+        return 1;
+    if (dwFlags != MONITOR_DEFAULTTONEAREST)
+        return 0;
+    best = 1;
+    for (qsizetype i = 1; i < rects.size(); ++i)
+        if (gapSquared(rects.at(i), rcRect) < gapSquared(rects.at(best - 1), rcRect))
+            best = static_cast<qint32>(i + 1);
+    return best;
+}
+
+qint32 Platform::MonitorFromWindow(const QWidget* hWnd, qint32 dwFlags) {
+    QRect area;
+    if (hWnd)
+        area = hWnd->isWindow() ? hWnd->frameGeometry()
+                                : QRect(hWnd->mapToGlobal(QPoint(0, 0)), hWnd->size());
+    return MonitorFromRect(area, dwFlags);
+}
+
+bool Platform::GetMonitorInfo(qint32 hMonitor, MonitorInfo& lpmi) {
+    if (lpmi.cbSize != MonitorInfo::SizeOfMonitorInfo &&
+        lpmi.cbSize != MonitorInfo::SizeOfMonitorInfoEx)
+        return false;
+    const QList<QRect> rects = MonitorRects();
+    if (hMonitor < 1 || hMonitor > rects.size())
+        return false;
+    const qsizetype i = hMonitor - 1;
+    lpmi.rcMonitor = rects.at(i);
+    lpmi.rcWork = MonitorWorkRects().value(i, rects.at(i));
+    lpmi.dwFlags = i == 0 ? MonitorInfo::MONITORINFOF_PRIMARY : 0;
+    if (lpmi.cbSize == MonitorInfo::SizeOfMonitorInfoEx) {
+        const QList<QScreen*> screens = screensPrimaryFirst();
+        lpmi.szDevice = i < screens.size() ? screens.at(i)->name() : QString();
+    }
+    return true;
+}
+
+qint32 Platform::TwipsPerPixelX() {
+    return Twips::PerPixel;
+}
+
+qint32 Platform::TwipsPerPixelY() {
+    return Twips::PerPixel;
 }

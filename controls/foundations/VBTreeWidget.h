@@ -1,5 +1,7 @@
 #pragma once
 
+#include "foundations/VBImageList.h"
+
 #include <QHash>
 #include <QList>
 #include <QPointer>
