@@ -11,6 +11,29 @@
 
 class QWidget;
 
+// Flags of the monitor look-ups: what to answer for an area that lies on no
+// monitor.
+constexpr qint32 MONITOR_DEFAULTTONULL = 0;    // 0, no monitor
+constexpr qint32 MONITOR_DEFAULTTOPRIMARY = 1; // the primary monitor
+constexpr qint32 MONITOR_DEFAULTTONEAREST = 2; // the monitor nearest to it
+
+// What the platform tells of one monitor. cbSize is set by the caller: 40 asks
+// for the rectangles and the flags, 72 for the device name as well; any other
+// size is refused. The rectangles are in virtual-desktop pixels; the right and
+// bottom edges of the platform's rectangles lie one past the last pixel, so
+// they are x() + width() and y() + height() of these QRects.
+struct MonitorInfo {
+    static constexpr qint32 SizeOfMonitorInfo = 40;
+    static constexpr qint32 SizeOfMonitorInfoEx = 72;
+    static constexpr qint32 MONITORINFOF_PRIMARY = 1;
+
+    qint32 cbSize = SizeOfMonitorInfo;
+    QRect rcMonitor; // the monitor
+    QRect rcWork;    // the work area: the monitor less task bars
+    qint32 dwFlags = 0;
+    QString szDevice; // the screen's name, for a structure of size 72 only
+};
+
 // Everything that a person or the machine provides goes through this class:
 // message boxes and questions, file, font and colour dialogs, message pumping,
 // the shell, key strokes to the host, file existence, monitors and metrics, and
@@ -74,6 +97,21 @@ public:
     virtual qint32 GetSystemMetrics(qint32 nIndex);
     // A still picture of the desktop, in virtual-desktop coordinates.
     virtual QPixmap GrabDesktop(const QRect& rcArea);
+
+    // Monitor handles: a number other than 0 for each monitor, 0 for none. The
+    // Qt platform numbers the monitors of MonitorRects() from 1, so the primary
+    // is 1. MonitorFromRect answers the monitor that holds the largest part of
+    // rcRect, and for an area on no monitor what dwFlags asks
+    // (MONITOR_DEFAULTTONULL, ...). MonitorFromWindow does the same for the
+    // window's rectangle on the desktop. GetMonitorInfo fills lpmi and answers
+    // true, or false for an unknown handle or a wrong cbSize.
+    virtual qint32 MonitorFromRect(const QRect& rcRect, qint32 dwFlags);
+    virtual qint32 MonitorFromWindow(const QWidget* hWnd, qint32 dwFlags);
+    virtual bool GetMonitorInfo(qint32 hMonitor, MonitorInfo& lpmi);
+    // The twips per pixel of the screen, across and down (Twips::PerPixel on
+    // every display this system knows).
+    virtual qint32 TwipsPerPixelX();
+    virtual qint32 TwipsPerPixelY();
 
     Platform() = default;
     Platform(const Platform&) = delete;

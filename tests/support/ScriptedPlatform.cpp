@@ -259,6 +259,47 @@ QPixmap ScriptedPlatform::GrabDesktop(const QRect& rcArea) {
     return picture;
 }
 
+// Monitor handles: the base numbers the monitors of MonitorRects() from 1; the
+// scripted handles replace those numbers.
+qint32 ScriptedPlatform::MonitorFromRect(const QRect& rcRect, qint32 dwFlags) {
+    if (m_monitorLookupError != 0 && !m_inWindowLookup)
+        throw VBError(m_monitorLookupError);
+    const qint32 number = Platform::MonitorFromRect(rcRect, dwFlags);
+    const qint32 handle = number == 0 ? 0 : m_monitorHandles.value(number - 1, number);
+    if (!m_inWindowLookup)
+        m_monitorLookups.append({rcRect, nullptr, dwFlags, handle});
+    return handle;
+}
+
+qint32 ScriptedPlatform::MonitorFromWindow(const QWidget* hWnd, qint32 dwFlags) {
+    if (m_monitorLookupError != 0)
+        throw VBError(m_monitorLookupError);
+    m_inWindowLookup = true;
+    const qint32 handle = Platform::MonitorFromWindow(hWnd, dwFlags);
+    m_inWindowLookup = false;
+    m_monitorLookups.append({QRect(), hWnd, dwFlags, handle});
+    return handle;
+}
+
+bool ScriptedPlatform::GetMonitorInfo(qint32 hMonitor, MonitorInfo& lpmi) {
+    const qsizetype index =
+        m_monitorHandles.isEmpty() ? hMonitor - 1 : m_monitorHandles.indexOf(hMonitor);
+    bool ok = !m_monitorInfoFails && index >= 0 &&
+              Platform::GetMonitorInfo(static_cast<qint32>(index + 1), lpmi);
+    if (ok && m_monitors && lpmi.cbSize == MonitorInfo::SizeOfMonitorInfoEx)
+        lpmi.szDevice = QStringLiteral("\\\\.\\DISPLAY%1").arg(index + 1);
+    m_monitorInfoCalls.append({hMonitor, lpmi.cbSize, ok});
+    return ok;
+}
+
+qint32 ScriptedPlatform::TwipsPerPixelX() {
+    return m_twipsPerPixel ? m_twipsPerPixel->x() : Platform::TwipsPerPixelX();
+}
+
+qint32 ScriptedPlatform::TwipsPerPixelY() {
+    return m_twipsPerPixel ? m_twipsPerPixel->y() : Platform::TwipsPerPixelY();
+}
+
 void ScriptedPlatform::ClearRecords() {
     m_boxes.clear();
     m_dialogs.clear();
@@ -267,4 +308,6 @@ void ScriptedPlatform::ClearRecords() {
     m_sentKeys.clear();
     m_doEvents = 0;
     m_grabs.clear();
+    m_monitorLookups.clear();
+    m_monitorInfoCalls.clear();
 }

@@ -108,6 +108,27 @@ public:
     // desktop's top-left corner. GrabDesktop cuts the asked area out of it.
     void SetDesktop(const QPixmap& pixDesktop);
     const QList<QRect>& Grabs() const { return m_grabs; }
+    // The handles of the scripted monitors, in the order of SetMonitors
+    // (without it 1, 2, ...).
+    void SetMonitorHandles(const QList<qint32>& handles) { m_monitorHandles = handles; }
+    // Every monitor look-up raises this run-time error (0: none).
+    void SetMonitorLookupError(qint32 lngNumber) { m_monitorLookupError = lngNumber; }
+    // GetMonitorInfo answers false, as for a monitor that went away.
+    void SetMonitorInfoFails(bool blnFails) { m_monitorInfoFails = blnFails; }
+    void SetTwipsPerPixel(qint32 lngX, qint32 lngY) { m_twipsPerPixel = QPoint(lngX, lngY); }
+    struct MonitorLookup {
+        QRect Rect;                      // the area asked (for a window: none)
+        const QWidget* Window = nullptr; // the window asked
+        qint32 Flags = 0;
+        qint32 Result = 0;
+    };
+    const QList<MonitorLookup>& MonitorLookups() const { return m_monitorLookups; }
+    struct MonitorInfoCall {
+        qint32 Handle = 0;
+        qint32 Size = 0; // cbSize of the structure passed
+        bool Result = false;
+    };
+    const QList<MonitorInfoCall>& MonitorInfoCalls() const { return m_monitorInfoCalls; }
 
     // Forgets the records (not the queues).
     void ClearRecords();
@@ -132,6 +153,11 @@ public:
     QList<QRect> MonitorWorkRects() override;
     qint32 GetSystemMetrics(qint32 nIndex) override;
     QPixmap GrabDesktop(const QRect& rcArea) override;
+    qint32 MonitorFromRect(const QRect& rcRect, qint32 dwFlags) override;
+    qint32 MonitorFromWindow(const QWidget* hWnd, qint32 dwFlags) override;
+    bool GetMonitorInfo(qint32 hMonitor, MonitorInfo& lpmi) override;
+    qint32 TwipsPerPixelX() override;
+    qint32 TwipsPerPixelY() override;
 
 private:
     void fail(const QString& strWhy);
@@ -157,5 +183,12 @@ private:
     QHash<qint32, qint32> m_metrics;
     QPixmap m_desktop;
     QList<QRect> m_grabs;
+    QList<qint32> m_monitorHandles;
+    qint32 m_monitorLookupError = 0;
+    bool m_monitorInfoFails = false;
+    bool m_inWindowLookup = false;
+    std::optional<QPoint> m_twipsPerPixel;
+    QList<MonitorLookup> m_monitorLookups;
+    QList<MonitorInfoCall> m_monitorInfoCalls;
     Platform* m_previous = nullptr;
 };
