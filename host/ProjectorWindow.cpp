@@ -1,0 +1,122 @@
+#include "ProjectorWindow.h"
+
+#include "RunEngine.h"
+#include "foundations/ErrorReport.h"
+#include "foundations/Platform.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScreen>
+#include <QWindow>
+
+ProjectorWindow::ProjectorWindow(RunEngine& engine, QWidget* parent)
+    : QWidget(parent, Qt::Window), m_engine(engine), tmrBackground(new QTimer(this)) {
+    setObjectName(Title());
+    setWindowTitle(Title());
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::StrongFocus);
+    setCursor(Qt::BlankCursor);
+    tmrBackground->setObjectName(QStringLiteral("tmrBackground"));
+    connect(tmrBackground, &QTimer::timeout, this,
+            [this] { ErrorReport::Guard([this] { tmrBackground_Timeout(); }); });
+    connect(&m_engine, &RunEngine::SlideChanged, this,
+            [this] { ErrorReport::Guard([this] { Engine_SlideChanged(); }); });
+    // A screen that comes or goes is handled once Qt has finished moving
+    // windows off it.
+    connect(qApp, &QGuiApplication::screenAdded, this, &ProjectorWindow::PlaceLater);
+    connect(qApp, &QGuiApplication::screenRemoved, this, &ProjectorWindow::PlaceLater);
+    Engine_SlideChanged();
+}
+
+ProjectorWindow::~ProjectorWindow() = default;
+
+void ProjectorWindow::PlaceLater() {
+    QTimer::singleShot(0, this, [this] { ErrorReport::Guard([this] { Place(); }); });
+}
+
+QScreen* ProjectorWindow::ScreenAt(const QRect& rect) const {
+    const QList<QScreen*> screens = QGuiApplication::screens();
+    for (QScreen* screen : screens)
+        if (screen->geometry() == rect)
+            return screen;
+    for (QScreen* screen : screens)
+        if (screen->geometry().contains(rect.center()))
+            return screen;
+    return QGuiApplication::primaryScreen();
+}
+
+void ProjectorWindow::Place() {
+    if (m_closing)
+        return;
+    m_placement = ProjectorPlacement::For(Platform::Current().MonitorRects());
+    setWindowState(windowState() & ~Qt::WindowFullScreen);
+    if (!windowHandle())
+        create();
+    if (QScreen* screen = ScreenAt(m_placement.geometry))
+        windowHandle()->setScreen(screen);
+    setGeometry(m_placement.geometry);
+    if (m_placement.fullScreen)
+        showFullScreen();
+    else
+        showNormal();
+    m_engine.SetScreenSize(size());
+}
+
+void ProjectorWindow::CloseProjector() {
+    m_closing = true;
+    tmrBackground->stop();
+    close();
+}
+
+QImage ProjectorWindow::Picture() const {
+    return m_engine.Renderer().Render(m_engine.CurrentSlide(), size(), m_engine.IsBlackedOut(),
+                                      m_backgroundIndex);
+}
+
+void ProjectorWindow::Engine_SlideChanged() {
+    const Slide& slide = m_engine.CurrentSlide();
+    m_backgroundIndex = 0;
+    if (slide.backgrounds.size() > 1 && slide.changeBackgroundEverySeconds > 0)
+        tmrBackground->start(slide.changeBackgroundEverySeconds * 1000);
+    else
+        tmrBackground->stop();
+    update();
+}
+
+void ProjectorWindow::tmrBackground_Timeout() {
+    ++m_backgroundIndex;
+    update();
+}
+
+void ProjectorWindow::paintEvent(QPaintEvent*) {
+    ErrorReport::Guard([this] {
+        QPainter painter(this);
+        m_engine.Renderer().Paint(painter, rect(), m_engine.CurrentSlide(), m_engine.IsBlackedOut(),
+                                  m_backgroundIndex);
+    });
+}
+
+void ProjectorWindow::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    ErrorReport::Guard([this] { m_engine.SetScreenSize(size()); });
+}
+
+void ProjectorWindow::keyPressEvent(QKeyEvent* event) {
+    const OperatorKeys::Action action = OperatorKeys::ActionFor(*event);
+    if (action == OperatorKeys::Action::None) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    emit ActionPressed(action);
+}
+
+void ProjectorWindow::closeEvent(QCloseEvent* event) {
+    if (m_closing) {
+        event->accept();
+        return;
+    }
+    event->ignore();
+    emit ActionPressed(OperatorKeys::Action::End);
+}

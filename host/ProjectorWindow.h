@@ -1,0 +1,53 @@
+#pragma once
+
+#include "OperatorKeys.h"
+#include "ProjectorPlacement.h"
+
+#include <QTimer>
+#include <QWidget>
+
+class RunEngine;
+
+// The window that the congregation sees, titled "CorvantisRunForm" (the
+// console finds it by that title). It draws the engine's current slide, goes
+// full screen on the second monitor or opens as a normal window when there is
+// only one, and places itself again whenever a screen comes or goes.
+class ProjectorWindow : public QWidget {
+    Q_OBJECT
+public:
+    static QString Title() { return QStringLiteral("CorvantisRunForm"); }
+
+    explicit ProjectorWindow(RunEngine& engine, QWidget* parent = nullptr);
+    ~ProjectorWindow() override;
+
+    // Places the window by the monitors that the platform reports, and shows it.
+    void Place();
+    const ProjectorPlacement& Placement() const { return m_placement; }
+    // Closes the window for good (the end of a run).
+    void CloseProjector();
+    // The picture as it shows now, at the window's size.
+    QImage Picture() const;
+
+signals:
+    // An operator key pressed on the projector window; closing the window by
+    // hand asks for the end as Esc does.
+    void ActionPressed(OperatorKeys::Action action);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void Engine_SlideChanged();
+    void tmrBackground_Timeout();
+    void PlaceLater();
+    QScreen* ScreenAt(const QRect& rect) const;
+
+    RunEngine& m_engine;
+    ProjectorPlacement m_placement;
+    QTimer* tmrBackground;
+    int m_backgroundIndex = 0;
+    bool m_closing = false;
+};

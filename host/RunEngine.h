@@ -1,0 +1,116 @@
+#pragma once
+
+#include "RunItem.h"
+#include "RunLook.h"
+#include "Slide.h"
+#include "SlideRenderer.h"
+
+#include <QDate>
+#include <QObject>
+#include <QSize>
+
+// The model of a run: which rows of a service are shown, how each item is cut
+// into slides, which slide is on the projector now, and a prop that is put up
+// in the middle. The projector window draws CurrentSlide(); the run controller
+// moves the engine on the console's events and tells the console what shows.
+//
+// Items are numbered from 0 in the order of the shown rows (rows whose
+// ShowAtRunTime is False are left out); parts from 0 within an item.
+class RunEngine : public QObject {
+    Q_OBJECT
+public:
+    // What a step did.
+    enum class Step {
+        Nothing,      // nothing to go to: the slide stays
+        Part,         // another part of the same item (or prop)
+        Item,         // another item of the service
+        ServiceEnded, // past the last item: the end slide shows
+        PropEnded,    // past the last part of a prop: back to the service
+    };
+
+    explicit RunEngine(QObject* parent = nullptr);
+
+    // ---- Loading -------------------------------------------------------------
+    // Loads the shown rows of a service and puts its first item up.
+    bool LoadService(qint32 lngServiceID, QString& strErrorMessage);
+    // Loads one service item to run by itself.
+    bool LoadItem(qint32 lngServiceItemID, QString& strErrorMessage);
+    void SetLook(const RunLook& look);
+    const RunLook& Look() const { return m_renderer.Look(); }
+    // The size of the projector picture, which decides what a screenful is.
+    void SetScreenSize(const QSize& size);
+    QSize ScreenSize() const { return m_screenSize; }
+    SlideRenderer& Renderer() { return m_renderer; }
+
+    // ---- State ---------------------------------------------------------------
+    bool IsRunning() const { return m_running; }
+    qint32 ServiceID() const { return m_serviceId; }
+    bool IsServiceRun() const { return m_serviceId != 0; }
+    int ItemCount() const { return static_cast<int>(m_items.size()); }
+    int CurrentItem() const { return m_item; }
+    qint32 ItemServiceItemID(int index) const;
+    const QList<Slide>& ItemSlides(int index) const;
+    // The part showing: of the prop while one runs, else of the current item.
+    int CurrentPart() const;
+    int PartCount() const;
+    bool AtEndOfItem() const;
+    bool AtEndOfService() const { return m_atEnd; }
+    const Slide& CurrentSlide() const;
+
+    // ---- Navigation ----------------------------------------------------------
+    Step Next();
+    Step Previous();
+    bool JumpToItem(int index);
+    // A part of the prop while one runs, else of the current item.
+    bool JumpToPart(int part);
+
+    // ---- Props ---------------------------------------------------------------
+    bool StartProp(qint32 lngServiceItemID, QString& strErrorMessage);
+    bool IsPropRunning() const { return m_propRunning; }
+    qint32 PropServiceItemID() const { return m_prop.serviceItemId; }
+    void EndProp();
+
+    // ---- Projector -----------------------------------------------------------
+    void SetBlackedOut(bool blnBlackedOut);
+    bool IsBlackedOut() const { return m_blackedOut; }
+    void IncreaseSize();
+    void DecreaseSize();
+    int SizeStep() const { return m_renderer.SizeStep(); }
+
+    // ---- Ending --------------------------------------------------------------
+    // Ends the run; a service run records today as the service's
+    // ServiceDateLastDelivered. strErrorMessage carries a failure to record it.
+    void EndRun(QString& strErrorMessage);
+    void EndRun();
+    // Writes dtmDate as ServiceDateLastDelivered of a service, keeping its
+    // other details.
+    static bool MarkServiceDelivered(qint32 lngServiceID, const QDate& dtmDate,
+                                     QString& strErrorMessage);
+
+signals:
+    void SlideChanged();
+    void RunEnded();
+
+private:
+    void Reset();
+    void Recut();
+    QList<Slide> CutItem(const RunItem& item) const;
+    bool AddItem(qint32 lngServiceItemID);
+    Slide EndSlide() const;
+
+    SlideRenderer m_renderer;
+    QSize m_screenSize{1024, 768};
+    bool m_running = false;
+    qint32 m_serviceId = 0;
+    QList<RunItem> m_items;
+    QList<QList<Slide>> m_slides;
+    int m_item = 0;
+    int m_part = 0;
+    bool m_atEnd = false;
+    Slide m_endSlide;
+    RunItem m_prop;
+    QList<Slide> m_propSlides;
+    int m_propPart = 0;
+    bool m_propRunning = false;
+    bool m_blackedOut = false;
+};

@@ -1,0 +1,63 @@
+#include "RunEngine.h"
+
+#include "DataAccess.h"
+
+namespace {
+constexpr int SmallestStep = -6;
+constexpr int LargestStep = 8;
+} // namespace
+
+void RunEngine::SetBlackedOut(bool blnBlackedOut) {
+    if (m_blackedOut == blnBlackedOut)
+        return;
+    m_blackedOut = blnBlackedOut;
+    emit SlideChanged();
+}
+
+void RunEngine::IncreaseSize() {
+    m_renderer.SetSizeStep(qMin(LargestStep, m_renderer.SizeStep() + 1));
+    Recut();
+    emit SlideChanged();
+}
+
+void RunEngine::DecreaseSize() {
+    m_renderer.SetSizeStep(qMax(SmallestStep, m_renderer.SizeStep() - 1));
+    Recut();
+    emit SlideChanged();
+}
+
+void RunEngine::EndRun() {
+    QString err;
+    EndRun(err);
+}
+
+void RunEngine::EndRun(QString& strErrorMessage) {
+    if (!m_running)
+        return;
+    const qint32 serviceId = m_serviceId;
+    m_running = false;
+    m_propRunning = false;
+    if (serviceId != 0)
+        MarkServiceDelivered(serviceId, QDate::currentDate(), strErrorMessage);
+    emit RunEnded();
+}
+
+bool RunEngine::MarkServiceDelivered(qint32 lngServiceID, const QDate& dtmDate,
+                                     QString& strErrorMessage) {
+    DataAccess& da = DataAccess::Instance();
+    std::unique_ptr<Recordset> rs;
+    da.GetServices(QStringLiteral("ServiceID = %1").arg(lngServiceID), 4, strErrorMessage, rs);
+    if (!strErrorMessage.isEmpty())
+        return false;
+    if (!rs || rs->RecordCount() == 0) {
+        strErrorMessage =
+            QStringLiteral("Service %1 does not exist in the database").arg(lngServiceID);
+        return false;
+    }
+    rs->MoveFirst();
+    auto text = [&](const char* name) { return rs->Fields(QLatin1String(name)).toString(); };
+    da.SaveServiceDetails(lngServiceID, text("ServiceName"), text("ServiceType"),
+                          text("ServiceTheme"), text("ServiceProvider"), text("ServiceNotes"),
+                          QDateTime(dtmDate, QTime(0, 0)), 0, strErrorMessage);
+    return strErrorMessage.isEmpty();
+}

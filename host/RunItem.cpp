@@ -1,0 +1,108 @@
+#include "RunItem.h"
+
+#include "DataAccess.h"
+
+namespace {
+
+QString decoded(const QVariant& value) {
+    QString text = value.toString();
+    if (text.contains(QStringLiteral("@@"))) {
+        QString err;
+        DataAccess::Instance().DecodeStoredText(value.toString(), err, text);
+    }
+    return text;
+}
+
+QString where(qint32 id) {
+    return QStringLiteral("ServiceItemID = %1").arg(id);
+}
+
+void loadParts(RunItem& item) {
+    QString err;
+    std::unique_ptr<Recordset> rs;
+    DataAccess::Instance().GetSongSequence(item.serviceItemId, err, rs);
+    if (!err.isEmpty() || !rs)
+        return;
+    for (rs->MoveFirst(); !rs->Eof(); rs->MoveNext())
+        item.parts.append({decoded(rs->Fields(QStringLiteral("VerseName"))),
+                           decoded(rs->Fields(QStringLiteral("VerseText"))),
+                           rs->Fields(QStringLiteral("IsChorus")).toBool()});
+}
+
+void loadPoints(RunItem& item) {
+    QString err;
+    std::unique_ptr<Recordset> rs;
+    DataAccess::Instance().GetPoints(where(item.serviceItemId), 4, err, rs);
+    if (!err.isEmpty() || !rs)
+        return;
+    for (rs->MoveFirst(); !rs->Eof(); rs->MoveNext())
+        item.points.append({rs->Fields(QStringLiteral("PointKey")).toString(),
+                            rs->Fields(QStringLiteral("ParentPointKey")).toString(),
+                            decoded(rs->Fields(QStringLiteral("PointText")))});
+}
+
+void loadBackgrounds(RunItem& item) {
+    QString err;
+    std::unique_ptr<Recordset> rs;
+    DataAccess::Instance().GetServiceItemImages(item.serviceItemId, err, rs);
+    if (!err.isEmpty() || !rs)
+        return;
+    for (rs->MoveFirst(); !rs->Eof(); rs->MoveNext()) {
+        QString path, pathErr;
+        DataAccess::Instance().GetServiceItemFileName(
+            rs->Fields(QStringLiteral("ImageServiceItemID")).toInt(), pathErr, path);
+        if (pathErr.isEmpty() && !path.isEmpty())
+            item.backgrounds << path;
+    }
+}
+
+void readFields(const Recordset& rs, RunItem& item) {
+    item.typeId = static_cast<qint16>(rs.Fields(QStringLiteral("ServiceItemTypeID")).toInt());
+    item.description = decoded(rs.Fields(QStringLiteral("ServiceItemDescription")));
+    item.source = decoded(rs.Fields(QStringLiteral("ServiceItemSource")));
+    item.copyright = decoded(rs.Fields(QStringLiteral("ServiceItemCopyrightDetails")));
+    item.location = decoded(rs.Fields(QStringLiteral("ServiceItemOriginalLocation")));
+    item.hideDetails = rs.Fields(QStringLiteral("HideSIDetails")).toBool();
+    item.textViewMode = static_cast<qint16>(rs.Fields(QStringLiteral("TextViewMode")).toInt());
+    const qint16 lines = static_cast<qint16>(rs.Fields(QStringLiteral("LinesAtATime")).toInt());
+    item.linesAtATime = lines > 0 ? lines : 2;
+    item.runAsPointsList = rs.Fields(QStringLiteral("RunAsPointsList")).toBool();
+    item.revealSubPointsOneByOne = rs.Fields(QStringLiteral("RevealSubPointsOneByOne")).toBool();
+    item.secondsToRun = rs.Fields(QStringLiteral("SecondsToRun")).toInt();
+    item.changeImageEveryXSeconds = rs.Fields(QStringLiteral("ChangeImageEveryXSeconds")).toInt();
+}
+
+} // namespace
+
+bool RunItem::Load(qint32 lngServiceItemID, RunItem& item, QString& strErrorMessage) {
+    item = RunItem();
+    item.serviceItemId = lngServiceItemID;
+    if (item.IsBlank())
+        return true;
+    DataAccess& da = DataAccess::Instance();
+    std::unique_ptr<Recordset> rs;
+    da.GetServiceItems(where(lngServiceItemID), 4, strErrorMessage, rs);
+    if (!strErrorMessage.isEmpty())
+        return false;
+    if (!rs || rs->RecordCount() == 0) {
+        strErrorMessage =
+            QStringLiteral("Service item %1 does not exist in the database").arg(lngServiceItemID);
+        return false;
+    }
+    rs->MoveFirst();
+    readFields(*rs, item);
+    QString err;
+    da.GetServiceItemFileName(lngServiceItemID, err, item.filePath);
+    if (!item.IsPicture() && item.typeId != 10) {
+        bool hasVerses = false;
+        da.ServiceItemHasVerses(lngServiceItemID, err, hasVerses);
+        if (hasVerses)
+            loadParts(item);
+        loadPoints(item);
+        QString textErr, text;
+        da.GetServiceItemText(lngServiceItemID, textErr, text);
+        item.text = text.contains(QStringLiteral("@@")) ? decoded(text) : text;
+    }
+    loadBackgrounds(item);
+    return true;
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+// What the run engine needs to know of one service item, read from the
+// database when the item comes up in a run.
+struct RunItem {
+    struct Part { // one step of a song, in sung order
+        QString name;
+        QString text;
+        bool isChorus = false;
+    };
+    struct Point {
+        QString key;
+        QString parentKey;
+        QString text;
+    };
+
+    qint32 serviceItemId = 0;
+    qint16 typeId = 0;
+    QString description;
+    QString source;
+    QString copyright;
+    QString location;
+    bool hideDetails = false;
+    qint16 textViewMode = 0;
+    qint16 linesAtATime = 2;
+    bool runAsPointsList = false;
+    bool revealSubPointsOneByOne = false;
+    qint32 secondsToRun = 0;
+    qint32 changeImageEveryXSeconds = 0;
+    QString text;            // the content as text
+    QList<Part> parts;       // the song sequence, when the item is broken down
+    QList<Point> points;     // the points list
+    QString filePath;        // picture, music or presentation file
+    QStringList backgrounds; // the item's own background pictures
+
+    bool IsBlank() const { return serviceItemId == 1; }
+    bool IsPicture() const { return typeId == 4 || typeId == 5; }
+    bool RunsAsPoints() const { return (runAsPointsList || typeId == 11) && !points.isEmpty(); }
+
+    // Reads the item; false with strErrorMessage when it cannot be read.
+    static bool Load(qint32 lngServiceItemID, RunItem& item, QString& strErrorMessage);
+};

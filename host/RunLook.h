@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QColor>
+#include <QString>
+
+// How a run looks on the projector, read from the options row: font and
+// colours of the text, the default background picture, which item details may
+// be shown, and the default way of showing points.
+struct RunLook {
+    QString fontName = QStringLiteral("DejaVu Sans");
+    bool fontBold = true;
+    bool fontItalic = false;
+    double fontSize = 36.0; // points on a 1024 x 768 projector
+    QColor foreColor = Qt::white;
+    QColor backColor = QColor(0, 0, 96);
+    QString backgroundPicture; // full path, empty for none
+
+    bool showDescription = true;
+    bool showSource = false;
+    bool showCopyright = false;
+    bool showLocation = false;
+
+    qint16 pointDisplayMode = 4; // 4, 5 or 6
+    bool revealSubPointsOneByOne = false;
+
+    // Reads the options row of the open database; a field that is Null keeps
+    // the default above. strErrorMessage carries the data library's text.
+    static RunLook FromOptions(QString& strErrorMessage);
+
+    // A colour stored as the long &HBBGGRR.
+    static QColor FromBgr(qint32 lngColor);
+    static qint32 ToBgr(const QColor& color);
+};
