@@ -12,6 +12,7 @@ class QGroupBox;
 class QLabel;
 class QLineEdit;
 class QMenu;
+class QMimeData;
 class QPushButton;
 class QRadioButton;
 class QTimer;
@@ -202,7 +203,6 @@ private slots:
     void cmdShowHideFilter_Click();
     void optQuickFilter_Click();
     void optShortList_Click();
-    void cmdGetShortList_Click();
 
     // Selection and commands.
     void tvwServiceItems_NodeClick(QTreeWidgetItem* Node);
@@ -239,8 +239,11 @@ private:
     QString ItemText(const Recordset& rs) const;
     QString Decoded(const QString& strText) const;
     void AddListItem(const Recordset& rs, qint32 lngID);
+    void SetNodeImage(VBNode& node, qint32 lngTypeID);
     bool IsFolderImage(const QVariant& varImage) const;
     void ExpandAfterLoad();
+    void SortListAgain();
+    void SortChildrenOf(const QString& strKey);
     void SetStatusPanel(qint32 intPanel, const QString& strText);
     QString StatusPanelText(qint32 intPanel) const;
     static void GroupFields(const QString& strGroupBy, QString& strValueField,
@@ -270,7 +273,11 @@ private:
     void tvwServiceItems_MouseDown(qint16 Button, qint16 Shift, const QPoint& ptAt);
     void lvwServiceItems_MouseUp(qint16 Button, qint16 Shift, const QPoint& ptAt);
     void tvwServiceItems_OLEStartDrag();
+    QMimeData* DragData() const;
     void PopupMenu(QMenu* mnu);
+    void NewFromSelection(bool blnListWithoutItemGivesNone);
+    QString LandingKey(const VBNode& node) const;
+    qint16 NeighbourPosition() const;
     void DeleteSelection();
     void EditSelection();
     void ImportServiceItem();
@@ -278,6 +285,9 @@ private:
     void PrintSelection();
     QAction* ToolbarButton(const QString& strKey) const;
     qint32 SelectedListCount() const;
+
+    // "QVLTCONTROLS:ctlServiceItemGallery:" + strMember + " : Error number is ".
+    static QString PrefixSpaced(const QString& strMember);
 
     // State.
     qint32 lngShortListID = 0;
@@ -290,4 +300,6 @@ private:
     qint32 lngMaxSIsToShow = 100;
     bool m_blnShown = false;
     bool m_blnQuickFilterBusy = false;
+    bool m_blnListSorted = false;
+    int m_intListSortKey = 0;
 };

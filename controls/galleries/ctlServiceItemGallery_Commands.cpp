@@ -1,0 +1,543 @@
+// ctlServiceItemGallery: the toolbar and menu commands, deleting, refreshing,
+// selecting by id, new items, and nodes added or hidden by the parent.
+
+#include "galleries/ctlServiceItemGallery.h"
+
+#include "DataAccess.h"
+#include "Recordset.h"
+#include "TraceLog.h"
+#include "foundations/ErrorReport.h"
+#include "foundations/Platform.h"
+#include "foundations/TraceLine.h"
+#include "foundations/VBConstants.h"
+#include "foundations/VBError.h"
+#include "foundations/VBRuntime.h"
+#include "foundations/VBTreeWidget.h"
+#include "foundations/modQVLTControls.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QDate>
+#include <QLineEdit>
+
+using namespace modQVLTControls;
+
+namespace {
+const QString kClass = QStringLiteral("ctlServiceItemGallery");
+const QString kItemMark = QStringLiteral(";;SI;");
+const qint32 kQuestionStyle = vbYesNoCancel | vbQuestion | vbDefaultButton2; // 291
+
+// A text that reads as a date in one of the usual short forms.
+bool LooksLikeDate(const QString& strText) {
+    static const QStringList lstFormats = {
+        QStringLiteral("d/M/yyyy"),   QStringLiteral("d/M/yy"),   QStringLiteral("yyyy-MM-dd"),
+        QStringLiteral("d-MMM-yyyy"), QStringLiteral("d-MMM-yy"), QStringLiteral("d MMMM yyyy")};
+    for (const QString& strFormat : lstFormats)
+        if (QDate::fromString(strText.trimmed(), strFormat).isValid())
+            return true;
+    return false;
+}
+} // namespace
+
+// ---------------------------------------------------------------- Menus
+
+// The type of a new item from the selection: a Type group or an item under one
+// gives its type; anything else type 0.
+void ctlServiceItemGallery::mnuRightCLickNew_Click() {
+    TraceLine(kClass, QStringLiteral("mnuRightCLickNew_Click")).Write();
+    ErrorReport::TryErrorBox(PrefixSpaced(QStringLiteral("mnuRightCLickNew_Click")),
+                             [&] { NewFromSelection(true); });
+}
+
+void ctlServiceItemGallery::NewFromSelection(bool blnListWithoutItemGivesNone) {
+    if (!tvwServiceItems->isHidden()) {
+        const VBNode node = tvwServiceItems->SelectedItem();
+        const QString K = node ? node.Key() : QString();
+        if (VB::Left(K, 5) == QLatin1String("Type;") && VB::InStr(K, kItemMark) > 0)
+            NewServiceItem(VB::CInt(GetInstance(K, QStringLiteral(";"), 2)));
+        else if (VB::Left(K, 5) == QLatin1String("Type;"))
+            NewServiceItem(VB::CInt(VB::Mid(K, 6)));
+        else
+            NewServiceItem(0);
+        return;
+    }
+    const VBNode item = lvwServiceItems->SelectedItem();
+    if (item && VB::Left(item.Key(), 3) == QLatin1String("SI;"))
+        NewServiceItem(VB::CInt(item.Tag()));
+    else if (blnListWithoutItemGivesNone)
+        NewServiceItem(0);
+}
+
+void ctlServiceItemGallery::mnuRightClickTypeNew_Click() {
+    TraceLine(kClass, QStringLiteral("mnuRightClickTypeNew_Click")).Write();
+    ErrorReport::TryErrorBox(PrefixSpaced(QStringLiteral("mnuRightClickTypeNew_Click")), [&] {
+        const VBNode node = tvwServiceItems->SelectedItem();
+        if (!node)
+            return;
+        const QString K = node.Key();
+        if (VB::Left(K, 5) == QLatin1String("Type;"))
+            NewServiceItem(VB::CInt(VB::Mid(K, 6)));
+        else
+            NewServiceItem(0);
+    });
+}
+
+void ctlServiceItemGallery::mnuSIOpen_Click() {
+    ErrorReport::Guard([&] {
+        TraceLine(kClass, QStringLiteral("mnuSIOpen_Click")).Write();
+        QString strID;
+        if (!tvwServiceItems->isHidden()) {
+            const VBNode node = tvwServiceItems->SelectedItem();
+            if (node && VB::InStr(node.Key(), kItemMark) > 0)
+                strID = GetInstance(node.Key(), QStringLiteral(";"), 5);
+        } else {
+            const VBNode item = lvwServiceItems->SelectedItem();
+            if (item)
+                strID = VB::Mid(item.Key(), VB::InStr(item.Key(), QStringLiteral(";")) + 1);
+        }
+        if (strID.isEmpty())
+            return;
+        QString strErrorMessage;
+        DataAccess::Instance().RunServiceItem(VB::CLng(strID), strErrorMessage);
+        if (!strErrorMessage.isEmpty()) {
+            const QString strText = QStringLiteral("mnuSIOpen_Click: ") + strErrorMessage;
+            TraceLog::Instance().WriteErrorLine(strText);
+            Platform::Current().MsgBox(strText);
+        }
+    });
+}
+
+void ctlServiceItemGallery::mnuSIDelete_Click() {
+    TraceLine(kClass, QStringLiteral("mnuSIDelete_Click")).Write();
+    ErrorReport::TryErrorBox(PrefixSpaced(QStringLiteral("mnuSIDelete_Click")),
+                             [&] { DeleteSelection(); });
+}
+
+void ctlServiceItemGallery::mnuSIPrint_Click() {
+    ErrorReport::Guard([&] { PrintSelection(); });
+}
+
+void ctlServiceItemGallery::mnuSIExport_Click() {
+    ErrorReport::Guard([&] { ExportSelection(); });
+}
+
+// ---------------------------------------------------------------- Toolbar
+
+void ctlServiceItemGallery::Toolbar2_ButtonClick(QAction* Button) {
+    const QString strKey = Button ? Button->objectName() : QString();
+    TraceLine(kClass, QStringLiteral("Toolbar2_ButtonClick"))
+        .Arg(QStringLiteral("Button"), strKey)
+        .Write();
+    ErrorReport::TryErrorBox(PrefixSpaced(QStringLiteral("Toolbar2_ButtonClick")), [&] {
+        if (strKey == QLatin1String("btnNew")) {
+            NewFromSelection(false);
+        } else if (strKey == QLatin1String("btnHelp")) {
+            Platform::Current().SendKeys(QStringLiteral("{F1}"));
+        } else if (strKey == QLatin1String("btnRun")) {
+            // The list has no run from here; the run itself is the host's.
+            if (!tvwServiceItems->isHidden()) {
+                const VBNode node = tvwServiceItems->SelectedItem();
+                if (node && VB::InStr(node.Key(), kItemMark) > 0)
+                    emit ToolBarButtonClicked(
+                        QStringLiteral("btnRun"),
+                        VB::CLng(GetInstance(node.Key(), QStringLiteral(";"), 5)));
+            }
+        } else if (strKey == QLatin1String("btnEdit")) {
+            EditSelection();
+        } else if (strKey == QLatin1String("btnRefresh")) {
+            RefreshView(0);
+        } else if (strKey == QLatin1String("btnDelete")) {
+            DeleteSelection();
+        } else if (strKey == QLatin1String("btnExport")) {
+            ExportSelection();
+        } else if (strKey == QLatin1String("btnPrint")) {
+            PrintSelection();
+        } else if (strKey == QLatin1String("btnImport")) {
+            ImportServiceItem();
+        }
+    });
+}
+
+// Opens the item's file with the system's program; music files are refused.
+void ctlServiceItemGallery::EditSelection() {
+    qint32 lngID = 0;
+    if (!lvwServiceItems->isHidden()) {
+        const VBNode item = lvwServiceItems->SelectedItem();
+        if (item)
+            lngID = VB::CLng(GetInstance(item.Key(), QStringLiteral(";"), 2));
+    } else {
+        const VBNode node = tvwServiceItems->SelectedItem();
+        if (node && VB::InStr(node.Key(), kItemMark) > 0)
+            lngID = VB::CLng(GetInstance(node.Key(), QStringLiteral(";"), 5));
+    }
+    QString strFileName;
+    if (lngID != 0) {
+        QString strErrorMessage;
+        DataAccess::Instance().GetServiceItemFileName(lngID, strErrorMessage, strFileName);
+        if (!strErrorMessage.isEmpty()) {
+            const QString strText =
+                QStringLiteral("QVLTCONTROLS:ctlServiceItemGallery:Toolbar2_ButtonClick ; ") +
+                strErrorMessage;
+            Platform::Current().MsgBox(strText);
+            TraceLog::Instance().WriteErrorLine(strText);
+            return;
+        }
+    }
+    if (strFileName.isEmpty()) {
+        Platform::Current().MsgBox(
+            QStringLiteral("The content of this Service Item is not a file. Try clicking on the "
+                           "'Content' tab of the Service Item and try to edit the content there"),
+            vbOKOnly, QStringLiteral("This Service Item is not a file"));
+        return;
+    }
+    const QString strExtension = VB::UCase(GetFileExtension(strFileName));
+    if (strExtension == QLatin1String("MP3") || strExtension == QLatin1String("WAV") ||
+        strExtension == QLatin1String("MID")) {
+        Platform::Current().MsgBox(QStringLiteral("You cannot edit music files"), vbOKOnly,
+                                   QStringLiteral("Invalid Selection"));
+        return;
+    }
+    RunShellExecute(QStringLiteral("Open"), strFileName, QString(), QString(), 3);
+}
+
+void ctlServiceItemGallery::ImportServiceItem() {
+    const QString strPrefix =
+        QStringLiteral("QVLTCONTROLS:ctlServiceItemGallery:Toolbar2_ButtonClick: ");
+    auto report = [&](const QString& strMessage) {
+        Platform::Current().MsgBox(strPrefix + strMessage);
+        TraceLog::Instance().WriteErrorLine(strPrefix + strMessage);
+    };
+    QString strErrorMessage;
+    DataAccess::Instance().ImportFile(QString(), strErrorMessage);
+    if (!strErrorMessage.isEmpty()) {
+        report(strErrorMessage);
+        return;
+    }
+    ShowServiceItems(QString(), strErrorMessage);
+    if (!strErrorMessage.isEmpty()) {
+        report(strErrorMessage);
+        return;
+    }
+    qint32 lngNewID = 0;
+    DataAccess::Instance().GetNewestServiceItemID(strErrorMessage, lngNewID);
+    if (!strErrorMessage.isEmpty()) {
+        report(strErrorMessage);
+        return;
+    }
+    SelectServiceItem(lngNewID);
+}
+
+// ---------------------------------------------------------------- Delete
+
+// The key to land on after deleting a tree node: its previous sibling, else its
+// next sibling. The only item of a group takes its group away with it, so it lands
+// on the neighbouring group (the next, else the previous); in a one-group tree
+// (or for a group itself) on "Root".
+QString ctlServiceItemGallery::LandingKey(const VBNode& node) const {
+    if (const VBNode previous = node.Previous())
+        return previous.Key();
+    if (const VBNode next = node.Next())
+        return next.Key();
+    const VBNode parent = node.Parent();
+    if (parent && parent.Key() != QLatin1String("Root")) {
+        if (const VBNode nextGroup = parent.Next())
+            return nextGroup.Key();
+        if (const VBNode previousGroup = parent.Previous())
+            return previousGroup.Key();
+    }
+    return QStringLiteral("Root");
+}
+
+void ctlServiceItemGallery::DeleteSelection() {
+    if (!tvwServiceItems->isHidden()) {
+        const VBNode node = tvwServiceItems->SelectedItem();
+        if (!node)
+            return;
+        const QString strLandOn = LandingKey(node);
+        // A group has no id: the conversion fails (btnDelete is disabled there).
+        DeleteServiceItem(VB::CLng(GetInstance(node.Key(), QStringLiteral(";"), 5)));
+        ShowServiceItems(strLandOn);
+        return;
+    }
+    QString strIDs;
+    for (qint32 i = 1; i <= lvwServiceItems->topLevelItemCount(); ++i) {
+        const VBNode item = lvwServiceItems->ListItems(i);
+        if (item.Selected())
+            strIDs += QStringLiteral(";") + GetInstance(item.Key(), QStringLiteral(";"), 2);
+    }
+    TrimData(strIDs, QStringLiteral(";"));
+    if (strIDs.isEmpty())
+        return;
+    if (VB::IsNumeric(strIDs)) {
+        const VBNode item = lvwServiceItems->SelectedItem();
+        DeleteServiceItem(VB::CLng(GetInstance(item.Key(), QStringLiteral(";"), 2)));
+    } else {
+        DeleteServiceItems(strIDs);
+    }
+}
+
+void ctlServiceItemGallery::DeleteServiceItem(qint32 lngServiceItemID) {
+    QString strErrorMessage;
+    DeleteServiceItem(lngServiceItemID, strErrorMessage);
+}
+
+void ctlServiceItemGallery::DeleteServiceItem(qint32 lngServiceItemID, QString& strErrorMessage) {
+    TraceLine(kClass, QStringLiteral("DeleteServiceItem"))
+        .Arg(QStringLiteral("lngServiceItemID"), lngServiceItemID)
+        .Arg(QStringLiteral("strErrorMessage"), strErrorMessage)
+        .Write();
+    ErrorReport::TryErrorReturn(
+        PrefixSpaced(QStringLiteral("DeleteServiceItem")), strErrorMessage, [&] {
+            const qint32 intAnswer = Platform::Current().MsgBox(
+                QStringLiteral(
+                    "Are you sure you want to delete this Service Item from your system? "
+                    "This command cannot be undone."),
+                kQuestionStyle, QStringLiteral("Confirm Delete"));
+            if (intAnswer != vbYes)
+                return;
+            const qint16 intPosition = NeighbourPosition();
+            DataAccess::Instance().DeleteServiceItem(lngServiceItemID, strErrorMessage);
+            if (!strErrorMessage.isEmpty())
+                Platform::Current().MsgBox(strErrorMessage);
+            else
+                RefreshView(intPosition);
+        });
+}
+
+// Where the selection would go: the index of the previous sibling, the next
+// sibling or the parent; in the list the selected item's index. RefreshView does
+// not read it.
+qint16 ctlServiceItemGallery::NeighbourPosition() const {
+    if (!tvwServiceItems->isHidden()) {
+        const VBNode node = tvwServiceItems->SelectedItem();
+        if (!node)
+            return 0;
+        if (const VBNode previous = node.Previous())
+            return static_cast<qint16>(previous.Index());
+        if (const VBNode next = node.Next())
+            return static_cast<qint16>(next.Index());
+        if (const VBNode parent = node.Parent())
+            return static_cast<qint16>(parent.Index());
+        return 0;
+    }
+    const VBNode item = lvwServiceItems->SelectedItem();
+    if (item && lvwServiceItems->topLevelItemCount() >= 2)
+        return static_cast<qint16>(item.Index());
+    return 0;
+}
+
+void ctlServiceItemGallery::DeleteServiceItems(const QString& strSIs) {
+    QString strErrorMessage;
+    DeleteServiceItems(strSIs, strErrorMessage);
+}
+
+void ctlServiceItemGallery::DeleteServiceItems(const QString& strSIs, QString& strErrorMessage) {
+    TraceLine(kClass, QStringLiteral("DeleteServiceItems"))
+        .Arg(QStringLiteral("strSIs"), strSIs)
+        .Arg(QStringLiteral("strErrorMessage"), strErrorMessage)
+        .Write();
+    ErrorReport::TryErrorReturn(
+        PrefixSpaced(QStringLiteral("DeleteServiceItems")), strErrorMessage, [&] {
+            const qint32 intAnswer = Platform::Current().MsgBox(
+                QStringLiteral(
+                    "Are you sure you want to delete these Service Items from your system? "
+                    "This command cannot be undone."),
+                kQuestionStyle, QStringLiteral("Confirm Delete"));
+            if (intAnswer != vbYes)
+                return;
+            // Every id is tried; the message of the last failure is what is reported.
+            const qint32 lngCount = GetInstances(strSIs, QStringLiteral(";")) + 1;
+            for (qint32 i = 1; i <= lngCount; ++i) {
+                QString strMessage;
+                DataAccess::Instance().DeleteServiceItem(
+                    VB::CLng(GetInstance(strSIs, QStringLiteral(";"), i)), strMessage);
+                if (!strMessage.isEmpty())
+                    strErrorMessage = strMessage;
+            }
+            if (!strErrorMessage.isEmpty()) {
+                Platform::Current().MsgBox(strErrorMessage);
+                TraceLog::Instance().WriteErrorLine(QStringLiteral("DeleteServiceItems:") +
+                                                    strErrorMessage);
+            } else {
+                RefreshView();
+            }
+        });
+}
+
+// ---------------------------------------------------------------- Refresh and select
+
+void ctlServiceItemGallery::RefreshView(qint16 intIndexOfPreviouslySelectedItem) {
+    TraceLine(kClass, QStringLiteral("RefreshView"))
+        .Arg(QStringLiteral("intIndexOfPreviouslySelectedItem"), intIndexOfPreviouslySelectedItem)
+        .Write();
+    ErrorReport::TryErrorBox(PrefixSpaced(QStringLiteral("RefreshView")), [&] {
+        if (!tvwServiceItems->isHidden()) {
+            const VBNode node = tvwServiceItems->SelectedItem();
+            const QString strKey = node ? node.Key() : QString();
+            LockTreeview(tvwServiceItems);
+            ShowServiceItems(strKey);
+            if (!strKey.isEmpty() && tvwServiceItems->KeyExists(strKey)) {
+                tvwServiceItems->viewport()->update();
+                VBNode again = tvwServiceItems->Nodes(strKey);
+                tvwServiceItems_NodeClick(again.Item());
+                again.setSelected(true);
+                again.EnsureVisible();
+            }
+            UnLockTreeview(tvwServiceItems);
+        } else if (!lvwServiceItems->isHidden()) {
+            const VBNode item = lvwServiceItems->SelectedItem();
+            const QString strKey = item ? item.Key() : QString();
+            ShowServiceItems(strKey);
+            if (!lvwServiceItems->isHidden() && !strKey.isEmpty() &&
+                lvwServiceItems->KeyExists(strKey)) {
+                VBNode again = lvwServiceItems->Nodes(strKey);
+                lvwServiceItems_ItemClick(again.Item());
+                again.setSelected(true);
+                again.EnsureVisible();
+            }
+        }
+    });
+}
+
+void ctlServiceItemGallery::SelectServiceItem(qint32 lngServiceItem) {
+    QString strErrorMessage;
+    SelectServiceItem(lngServiceItem, strErrorMessage);
+}
+
+// Finds the first node of the item in the tree. List keys hold no ";;SI;", so in
+// the list nothing is found.
+void ctlServiceItemGallery::SelectServiceItem(qint32 lngServiceItem, QString& strErrorMessage) {
+    TraceLine(kClass, QStringLiteral("SelectServiceItem"))
+        .Arg(QStringLiteral("lngServiceItem"), lngServiceItem)
+        .Arg(QStringLiteral("strErrorMessage"), strErrorMessage)
+        .Write();
+    ErrorReport::TryErrorReturn(
+        ErrorReport::Prefix(kClass, QStringLiteral("SelectServiceItem")), strErrorMessage, [&] {
+            const QString strWanted =
+                kItemMark + QString::number(lngServiceItem) + QStringLiteral(",");
+            VBTreeWidget* view = !tvwServiceItems->isHidden() ? tvwServiceItems : lvwServiceItems;
+            for (qint32 i = 1; i <= view->Count(); ++i) {
+                VBNode node = view->Nodes(i);
+                if (VB::InStr(node.Key() + QStringLiteral(","), strWanted) == 0)
+                    continue;
+                node.EnsureVisible();
+                node.setSelected(true);
+                if (view == tvwServiceItems)
+                    tvwServiceItems_NodeClick(node.Item());
+                else
+                    lvwServiceItems_ItemClick(node.Item());
+                return;
+            }
+        });
+}
+
+// ---------------------------------------------------------------- New item
+
+void ctlServiceItemGallery::NewServiceItem(qint32 SIType) {
+    TraceLine(kClass, QStringLiteral("NewServiceItem"))
+        .Arg(QStringLiteral("SIType"), SIType)
+        .Write();
+    ErrorReport::TryErrorBox(ErrorReport::Prefix(kClass, QStringLiteral("NewServiceItem")), [&] {
+        QString strErrorMessage;
+        qint32 lngNewID = 0;
+        DataAccess::Instance().AddServiceItem(QString(), QString(), QString(), SIType,
+                                              strErrorMessage, true, lngNewID);
+        if (!strErrorMessage.isEmpty()) {
+            const QString strText =
+                QStringLiteral("QVLTCONTROLS:ctlServiceItemGallery:NewServiceItem: ") +
+                strErrorMessage;
+            TraceLog::Instance().WriteErrorLine(strText);
+            Platform::Current().MsgBox(strText);
+        }
+        ShowServiceItems();
+        SelectServiceItem(lngNewID);
+        emit NewServiceItemAdded(lngNewID);
+    });
+}
+
+// ---------------------------------------------------------------- Nodes of the parent
+
+void ctlServiceItemGallery::HideServiceItem(const QString& strWhichItem, qint32 lngSIID) {
+    QVariant varWhichItem(strWhichItem);
+    HideServiceItem(varWhichItem, lngSIID);
+}
+
+// Removes one node (only the first, when the item stands under several keywords)
+// and its group when that is left empty. The database is not touched.
+void ctlServiceItemGallery::HideServiceItem(QVariant& WhichItem, qint32 lngSIID) {
+    TraceLine(kClass, QStringLiteral("HideServiceItem"))
+        .Arg(QStringLiteral("WhichItem"), WhichItem)
+        .Arg(QStringLiteral("lngSIID"), lngSIID)
+        .Write();
+    ErrorReport::TryErrorBox(ErrorReport::Prefix(kClass, QStringLiteral("HideServiceItem")), [&] {
+        if (tvwServiceItems->isHidden())
+            return;
+        if (lngSIID != 0) {
+            const QString strEnd = kItemMark + QString::number(lngSIID);
+            bool blnFound = false;
+            for (qint32 i = 1; i <= tvwServiceItems->Count(); ++i) {
+                const QString strKey = tvwServiceItems->Nodes(i).Key();
+                if (strKey.endsWith(strEnd)) {
+                    WhichItem = strKey;
+                    blnFound = true;
+                    break;
+                }
+            }
+            if (!blnFound && VB::Text(WhichItem).isEmpty())
+                return;
+        }
+        const QString strKey = VB::Text(WhichItem);
+        const QString strParentKey = tvwServiceItems->Nodes(strKey).Parent().Key();
+        tvwServiceItems->Remove(strKey);
+        if (tvwServiceItems->Nodes(strParentKey).Children() == 0)
+            tvwServiceItems->Remove(strParentKey);
+    });
+}
+
+// Adds a node of the parent's making; a missing group node is made from the row
+// of its group value. The database is not touched.
+void ctlServiceItemGallery::AddServiceItem(const QString& strParentKey, const QString& strKey,
+                                           const QString& strText, qint16 intImageID) {
+    TraceLine(kClass, QStringLiteral("AddServiceItem"))
+        .Arg(QStringLiteral("strParentKey"), strParentKey)
+        .Arg(QStringLiteral("strKey"), strKey)
+        .Arg(QStringLiteral("strText"), strText)
+        .Arg(QStringLiteral("intImageID"), intImageID)
+        .Write();
+    ErrorReport::TryErrorBox(ErrorReport::Prefix(kClass, QStringLiteral("AddServiceItem")), [&] {
+        if (tvwServiceItems->isHidden())
+            return;
+        if (!tvwServiceItems->KeyExists(strParentKey)) {
+            const QString strGroupBy = cboGroupByProperty->currentText();
+            QString strValueField;
+            QString strTextField;
+            GroupFields(strGroupBy, strValueField, strTextField);
+            QString strValue =
+                GetWhatComesBetween(strKey, QStringLiteral(";"), QStringLiteral(";;"));
+            if (LooksLikeDate(strValue))
+                strValue = QStringLiteral("#") + strValue + QStringLiteral("#");
+            else if (!VB::IsNumeric(strValue))
+                strValue = QStringLiteral("'") + strValue + QStringLiteral("'");
+            QString strErrorMessage;
+            std::unique_ptr<Recordset> rs;
+            DataAccess::Instance().GetServiceItemsJoined(
+                strValueField + QStringLiteral(" = ") + strValue, 4, strErrorMessage, rs);
+            if (!rs)
+                throw VBError(VBErr::ObjectNotSet);
+            VBNode group = tvwServiceItems->Add(QStringLiteral("Root"), tvwChild, strParentKey,
+                                                VB::Text(rs->Fields(strTextField)),
+                                                QStringLiteral("imgFolderClosed"));
+            group.setTag(strGroupBy);
+            SortChildrenOf(QStringLiteral("Root"));
+        }
+        VBNode node = tvwServiceItems->Add(strParentKey, tvwChild, strKey, strText);
+        SetNodeImage(node, intImageID);
+        // The levels were sorted by the load and stay sorted.
+        SortChildrenOf(strParentKey);
+    });
+}
+
+void ctlServiceItemGallery::SortChildrenOf(const QString& strKey) {
+    if (tvwServiceItems->KeyExists(strKey))
+        tvwServiceItems->Nodes(strKey).setSorted(true);
+}

@@ -1,0 +1,582 @@
+// ctlServiceItemGallery: construction of the child widgets, initialisation,
+// termination, the stored properties and the resize rule.
+
+#include "galleries/ctlServiceItemGallery.h"
+
+#include "Settings.h"
+#include "foundations/ControlFrame.h"
+#include "foundations/ErrorReport.h"
+#include "foundations/StandardIcons.h"
+#include "foundations/TraceLine.h"
+#include "foundations/Twips.h"
+#include "foundations/VBConstants.h"
+#include "foundations/VBImageList.h"
+#include "foundations/VBRuntime.h"
+#include "foundations/VBStatusBar.h"
+#include "foundations/VBToolBar.h"
+#include "foundations/VBTreeWidget.h"
+#include "foundations/modQVLTControls.h"
+
+#include <QAction>
+#include <QButtonGroup>
+#include <QComboBox>
+#include <QEvent>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QResizeEvent>
+#include <QStyle>
+#include <QTimer>
+
+namespace {
+const QString kClass = QStringLiteral("ctlServiceItemGallery");
+const QString kHidePanelCaption = QStringLiteral("&Hide Display Properties");
+
+// Layout numbers, in twips.
+constexpr qint32 kMinHeight = 3200;
+constexpr qint32 kMinWidth = 2100;
+constexpr qint32 kToolbarHeight = 390;
+constexpr qint32 kViewsTopPanelOpen = 3320;
+constexpr qint32 kViewsTopPanelClosed = 960;
+constexpr qint32 kViewsBottomGap = 220;
+constexpr qint32 kStatusBarHeight = 300;
+
+QRect Rect(qint32 lngLeft, qint32 lngTop, qint32 lngWidth, qint32 lngHeight) {
+    return Twips::ToPixels(lngLeft, lngTop, lngWidth, lngHeight);
+}
+
+template <class W> W* Named(W* widget, const QString& strName) {
+    widget->setObjectName(strName);
+    return widget;
+}
+} // namespace
+
+// The tree of the gallery: a drag source of the selected item's key as text.
+class ctlServiceItemGalleryTree : public VBTreeWidget {
+public:
+    ctlServiceItemGalleryTree(ctlServiceItemGallery* owner, QWidget* parent)
+        : VBTreeWidget(parent), m_owner(owner) {
+        setDragEnabled(true);
+        setDragDropMode(QAbstractItemView::DragOnly);
+        setDefaultDropAction(Qt::CopyAction);
+    }
+
+protected:
+    void startDrag(Qt::DropActions supportedActions) override {
+        Q_UNUSED(supportedActions);
+        ErrorReport::Guard([&] { m_owner->tvwServiceItems_OLEStartDrag(); });
+    }
+    // What a drop target asks for: the key of the selected item node again.
+    QMimeData* mimeData(const QList<QTreeWidgetItem*>& items) const override {
+        Q_UNUSED(items);
+        return m_owner->DragData();
+    }
+    QStringList mimeTypes() const override { return {QStringLiteral("text/plain")}; }
+
+private:
+    ctlServiceItemGallery* m_owner;
+};
+
+// ---------------------------------------------------------------- Construction
+
+ctlServiceItemGallery::ctlServiceItemGallery(QWidget* parent) : QWidget(parent) {
+    CreateWidgets();
+    CreateToolbar();
+    CreateMenus();
+    ConnectWidgets();
+    UserControl_Initialize();
+}
+
+ctlServiceItemGallery::~ctlServiceItemGallery() {
+    UserControl_Terminate();
+}
+
+QString ctlServiceItemGallery::PrefixSpaced(const QString& strMember) {
+    return QStringLiteral("QVLTCONTROLS:ctlServiceItemGallery:") + strMember +
+           QStringLiteral(" : Error number is ");
+}
+
+void ctlServiceItemGallery::CreateWidgets() {
+    setMinimumSize(Twips::ToPixels(kMinWidth), Twips::ToPixels(kMinHeight));
+
+    imlServiceItems = new VBImageList(QStringLiteral("imlServiceItems"), this);
+    StandardIcons::FillServiceItemImages(*imlServiceItems);
+
+    cmdShowHideFilter = Named(new QPushButton(QStringLiteral("&Show Display Properties"), this),
+                              QStringLiteral("cmdShowHideFilter"));
+    lblFilterState = Named(new QLabel(QStringLiteral("(Filter is Inactive)"), this),
+                           QStringLiteral("lblFilterState"));
+    Label1 = Named(new QLabel(QStringLiteral("Quick Filter:"), this), QStringLiteral("Label1"));
+    Label2 = Named(new QLabel(QStringLiteral("Not available when using main filter"), this),
+                   QStringLiteral("Label2"));
+    txtQuickFilter = Named(new QLineEdit(this), QStringLiteral("txtQuickFilter"));
+
+    fraShowAs = Named(new QGroupBox(QStringLiteral("Show As"), this), QStringLiteral("fraShowAs"));
+    optShowAsTree = Named(new QRadioButton(QStringLiteral("A Tree Grouped By"), fraShowAs),
+                          QStringLiteral("optShowAsTree"));
+    optShowAsList = Named(new QRadioButton(QStringLiteral("A List"), fraShowAs),
+                          QStringLiteral("optShowAsList"));
+    optShowAsTree->setChecked(true);
+    cboGroupByProperty = Named(new QComboBox(fraShowAs), QStringLiteral("cboGroupByProperty"));
+    cboGroupByProperty->addItems({QStringLiteral("Type"), QStringLiteral("Keyword"),
+                                  QStringLiteral("Source"), QStringLiteral("Provider")});
+
+    optQuickFilter = Named(new QRadioButton(QStringLiteral("Use Quick Filter"), this),
+                           QStringLiteral("optQuickFilter"));
+    optShortList = Named(new QRadioButton(QStringLiteral("Use a Short-List"), this),
+                         QStringLiteral("optShortList"));
+    optQuickFilter->setChecked(true);
+    // The two filter options are a group of their own, apart from the view options.
+    auto* grpFilterMode = new QButtonGroup(this);
+    grpFilterMode->addButton(optQuickFilter);
+    grpFilterMode->addButton(optShortList);
+
+    fraFilter = Named(new QGroupBox(QStringLiteral("Filter Service Items Where:"), this),
+                      QStringLiteral("fraFilter"));
+    Timer1 = Named(new QTimer(fraFilter), QStringLiteral("Timer1"));
+    Timer1->setInterval(1000);
+    Timer1->setSingleShot(true);
+    cboProperty = Named(new QComboBox(fraFilter), QStringLiteral("cboProperty"));
+    cboProperty->addItems({QStringLiteral("Content"), QStringLiteral("Description"),
+                           QStringLiteral("Type"), QStringLiteral("Source"),
+                           QStringLiteral("Provider"), QStringLiteral("Keywords")});
+    cboProperty->setCurrentIndex(-1);
+    cboOperator = Named(new QComboBox(fraFilter), QStringLiteral("cboOperator"));
+    cboOperator->addItems({QStringLiteral("Contains"), QStringLiteral("Starts with"),
+                           QStringLiteral("Ends with"), QStringLiteral("Does not contain")});
+    cboOperator->setCurrentIndex(-1);
+    txtCriterion = Named(new QLineEdit(fraFilter), QStringLiteral("txtCriterion"));
+
+    fraSelectShortList = Named(new QGroupBox(QStringLiteral("ShortList"), this),
+                               QStringLiteral("fraSelectShortList"));
+    cmdGetShortList =
+        Named(new QPushButton(QStringLiteral("Select a Short-List"), fraSelectShortList),
+              QStringLiteral("cmdGetShortList"));
+    auto label = [&](const QString& strName, const QString& strCaption) {
+        return Named(new QLabel(strCaption, fraSelectShortList), strName);
+    };
+    lblCaptionShortListDescription =
+        label(QStringLiteral("lblCaptionShortListDescription"), QStringLiteral("Description:"));
+    lblShortListDescription = label(QStringLiteral("lblShortListDescription"), QString());
+    lblCaptionShortListCreatedBy =
+        label(QStringLiteral("lblCaptionShortListCreatedBy"), QStringLiteral("Created By:"));
+    lblShortListCreatedBy = label(QStringLiteral("lblShortListCreatedBy"), QString());
+    lblCaptionShortListCreatedDate =
+        label(QStringLiteral("lblCaptionShortListCreatedDate"), QStringLiteral("Created On:"));
+    lblShortListCreatedDate = label(QStringLiteral("lblShortListCreatedDate"), QString());
+    fraSelectShortList->hide();
+
+    tvwServiceItems =
+        Named(new ctlServiceItemGalleryTree(this, this), QStringLiteral("tvwServiceItems"));
+    tvwServiceItems->setImageList(imlServiceItems);
+    lvwServiceItems = Named(new VBTreeWidget(this), QStringLiteral("lvwServiceItems"));
+    lvwServiceItems->SetListView();
+    lvwServiceItems->setImageList(imlServiceItems);
+    lvwServiceItems->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    lvwServiceItems->AddColumnHeader(QString(), QStringLiteral("Type"), 1940);
+    for (const QString& strCaption : {QStringLiteral("Description"), QStringLiteral("Source"),
+                                      QStringLiteral("Provider"), QStringLiteral("Date Added")})
+        lvwServiceItems->AddColumnHeader(QString(), strCaption, 2540);
+    lvwServiceItems->header()->setSectionsClickable(true);
+    lvwServiceItems->hide();
+
+    StatusBar1 = Named(new VBStatusBar(this), QStringLiteral("StatusBar1"));
+    StatusBar1->AddPanel(QString(), 0);
+    StatusBar1->AddPanel(QString(), 2200);
+}
+
+void ctlServiceItemGallery::CreateToolbar() {
+    imlToolBar = new VBImageList(QStringLiteral("imlToolBar"), this);
+    Toolbar2 = Named(new VBToolBar(this), QStringLiteral("Toolbar2"));
+    const QList<QPair<QString, QString>> lstButtons = {
+        {QStringLiteral("btnNew"), QStringLiteral("Create a New Service Item")},
+        {QStringLiteral("btnRun"), QStringLiteral("Run Selected Service Item")},
+        {QStringLiteral("btnDelete"), QStringLiteral("Delete Selected Service Item")},
+        {QStringLiteral("btnEdit"), QStringLiteral("Edit selected Service Item")},
+        {QStringLiteral("btnProperties"),
+         QStringLiteral("View Properties of Selected Service Item")},
+        {QStringLiteral("btnPrint"), QStringLiteral("Run Print Wizard for Selected Service Item")},
+        {QStringLiteral("btnRefresh"), QStringLiteral("Refresh list")},
+        {QStringLiteral("btnExport"), QStringLiteral("Export Selected Service Item")},
+        {QStringLiteral("btnImport"), QStringLiteral("Import a Service Item")},
+        {QStringLiteral("btnHelp"), QStringLiteral("Get Help")}};
+    const QList<QStyle::StandardPixmap> lstPictures = {
+        QStyle::SP_FileIcon,           QStyle::SP_MediaPlay,
+        QStyle::SP_TrashIcon,          QStyle::SP_FileDialogDetailedView,
+        QStyle::SP_FileDialogInfoView, QStyle::SP_DialogSaveButton,
+        QStyle::SP_BrowserReload,      QStyle::SP_ArrowUp,
+        QStyle::SP_ArrowDown,          QStyle::SP_DialogHelpButton};
+    for (qsizetype i = 0; i < lstButtons.size(); ++i) {
+        const QString strKey = lstButtons.at(i).first;
+        const QString strImage = QStringLiteral("img") + strKey.mid(3);
+        imlToolBar->Add(strImage, style()->standardIcon(lstPictures.at(i)).pixmap(16, 16));
+        QAction* button = Toolbar2->AddButton(strKey, lstButtons.at(i).second,
+                                              QIcon(imlToolBar->ListImage(strImage)));
+        button->setToolTip(lstButtons.at(i).second);
+    }
+}
+
+QAction* ctlServiceItemGallery::ToolbarButton(const QString& strKey) const {
+    return Toolbar2->ButtonExists(strKey) ? Toolbar2->Buttons(strKey) : nullptr;
+}
+
+void ctlServiceItemGallery::SetStatusPanel(qint32 intPanel, const QString& strText) {
+    StatusBar1->Panels(intPanel)->setText(strText);
+}
+
+QString ctlServiceItemGallery::StatusPanelText(qint32 intPanel) const {
+    return StatusBar1->Panels(intPanel)->text();
+}
+
+void ctlServiceItemGallery::CreateMenus() {
+    mnuRightCLick = Named(new QMenu(this), QStringLiteral("mnuRightCLick"));
+    auto action = [](QMenu* menu, const QString& strName, const QString& strCaption) {
+        QAction* a = menu->addAction(strCaption);
+        a->setObjectName(strName);
+        return a;
+    };
+    mnuRightCLickNew = action(mnuRightCLick, QStringLiteral("mnuRightCLickNew"),
+                              QStringLiteral("&New Service Item"));
+    mnuSIOpen = action(mnuRightCLick, QStringLiteral("mnuSIOpen"), QStringLiteral("&Run"));
+    mnuSIDelete = action(mnuRightCLick, QStringLiteral("mnuSIDelete"), QStringLiteral("&Delete"));
+    mnuSIPrint = action(mnuRightCLick, QStringLiteral("mnuSIPrint"), QStringLiteral("&Print"));
+    mnuSISep1 = mnuRightCLick->addSeparator();
+    mnuSISep1->setObjectName(QStringLiteral("mnuSISep1"));
+    mnuSIExport = action(mnuRightCLick, QStringLiteral("mnuSIExport"), QStringLiteral("&Export"));
+
+    mnuRightClickType = Named(new QMenu(this), QStringLiteral("mnuRightClickType"));
+    mnuRightClickTypeNew = action(mnuRightClickType, QStringLiteral("mnuRightClickTypeNew"),
+                                  QStringLiteral("&New Service Item"));
+}
+
+void ctlServiceItemGallery::ConnectWidgets() {
+    connect(optShowAsTree, &QRadioButton::toggled, this, [this](bool blnOn) {
+        if (blnOn)
+            optShowAsTree_Click();
+    });
+    connect(optShowAsList, &QRadioButton::toggled, this, [this](bool blnOn) {
+        if (blnOn)
+            optShowAsList_Click();
+    });
+    connect(optQuickFilter, &QRadioButton::toggled, this, [this](bool blnOn) {
+        if (blnOn)
+            optQuickFilter_Click();
+    });
+    connect(optShortList, &QRadioButton::toggled, this, [this](bool blnOn) {
+        if (blnOn)
+            optShortList_Click();
+    });
+    connect(cboGroupByProperty, &QComboBox::currentIndexChanged, this,
+            &ctlServiceItemGallery::cboGroupByProperty_Click);
+    connect(cboProperty, &QComboBox::currentIndexChanged, this,
+            &ctlServiceItemGallery::cboProperty_Click);
+    connect(cboOperator, &QComboBox::currentIndexChanged, this,
+            &ctlServiceItemGallery::cboOperator_Click);
+    connect(cmdShowHideFilter, &QPushButton::clicked, this,
+            &ctlServiceItemGallery::cmdShowHideFilter_Click);
+    connect(txtQuickFilter, &QLineEdit::textChanged, this,
+            &ctlServiceItemGallery::txtQuickFilter_Change);
+    connect(txtCriterion, &QLineEdit::textChanged, this,
+            &ctlServiceItemGallery::txtCriterion_Change);
+    connect(Timer1, &QTimer::timeout, this, &ctlServiceItemGallery::Timer1_Timer);
+    connect(StatusBar1, &VBStatusBar::PanelClick, this,
+            &ctlServiceItemGallery::StatusBar1_PanelClick);
+    connect(Toolbar2, &VBToolBar::ButtonClick, this, &ctlServiceItemGallery::Toolbar2_ButtonClick);
+
+    connect(tvwServiceItems, &QTreeWidget::itemClicked, this,
+            [this](QTreeWidgetItem* item) { tvwServiceItems_NodeClick(item); });
+    connect(tvwServiceItems, &QTreeWidget::itemDoubleClicked, this,
+            &ctlServiceItemGallery::tvwServiceItems_DblClick);
+    connect(tvwServiceItems, &QTreeWidget::itemExpanded, this,
+            &ctlServiceItemGallery::tvwServiceItems_Expand);
+    connect(tvwServiceItems, &QTreeWidget::itemCollapsed, this,
+            &ctlServiceItemGallery::tvwServiceItems_Collapse);
+    connect(lvwServiceItems, &QTreeWidget::itemClicked, this,
+            [this](QTreeWidgetItem* item) { lvwServiceItems_ItemClick(item); });
+    connect(lvwServiceItems, &QTreeWidget::itemDoubleClicked, this,
+            &ctlServiceItemGallery::lvwServiceItems_DblClick);
+    connect(lvwServiceItems->header(), &QHeaderView::sectionClicked, this,
+            &ctlServiceItemGallery::lvwServiceItems_ColumnClick);
+
+    connect(mnuRightCLickNew, &QAction::triggered, this,
+            &ctlServiceItemGallery::mnuRightCLickNew_Click);
+    connect(mnuSIOpen, &QAction::triggered, this, &ctlServiceItemGallery::mnuSIOpen_Click);
+    connect(mnuSIDelete, &QAction::triggered, this, &ctlServiceItemGallery::mnuSIDelete_Click);
+    connect(mnuSIPrint, &QAction::triggered, this, &ctlServiceItemGallery::mnuSIPrint_Click);
+    connect(mnuSIExport, &QAction::triggered, this, &ctlServiceItemGallery::mnuSIExport_Click);
+    connect(mnuRightClickTypeNew, &QAction::triggered, this,
+            &ctlServiceItemGallery::mnuRightClickTypeNew_Click);
+
+    txtQuickFilter->installEventFilter(this);
+    txtCriterion->installEventFilter(this);
+    tvwServiceItems->installEventFilter(this);
+    tvwServiceItems->viewport()->installEventFilter(this);
+    lvwServiceItems->viewport()->installEventFilter(this);
+}
+
+// ---------------------------------------------------------------- Events of the children
+
+namespace {
+// The key code of a key event as the handlers know it (Delete 46, F5 116, the
+// apostrophe key 192).
+qint16 KeyCodeOf(const QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Delete:
+        return 46;
+    case Qt::Key_F5:
+        return 116;
+    case Qt::Key_Apostrophe:
+    case Qt::Key_QuoteLeft:
+        return 192;
+    default:
+        return static_cast<qint16>(event->key() & 0x7fff);
+    }
+}
+
+qint16 ShiftOf(const QInputEvent* event) {
+    qint16 intShift = 0;
+    if (event->modifiers() & Qt::ShiftModifier)
+        intShift |= vbShiftMask;
+    if (event->modifiers() & Qt::ControlModifier)
+        intShift |= vbCtrlMask;
+    if (event->modifiers() & Qt::AltModifier)
+        intShift |= vbAltMask;
+    return intShift;
+}
+
+qint16 ButtonOf(const QMouseEvent* event) {
+    if (event->button() == Qt::RightButton)
+        return vbRightButton;
+    if (event->button() == Qt::LeftButton)
+        return vbLeftButton;
+    return 4;
+}
+} // namespace
+
+bool ctlServiceItemGallery::eventFilter(QObject* watched, QEvent* event) {
+    const QEvent::Type type = event->type();
+    if (watched == txtQuickFilter) {
+        if (type == QEvent::KeyPress) {
+            auto* key = static_cast<QKeyEvent*>(event);
+            qint16 KeyAscii =
+                key->key() == Qt::Key_Escape
+                    ? qint16(27)
+                    : (key->text().size() == 1 ? qint16(key->text().at(0).unicode()) : qint16(-1));
+            if (KeyAscii < 0)
+                return false;
+            ErrorReport::Guard([&] { txtQuickFilter_KeyPress(KeyAscii); });
+            return KeyAscii == 0;
+        }
+        if (type == QEvent::FocusIn)
+            txtQuickFilter_GotFocus();
+        return false;
+    }
+    if (watched == txtCriterion && type == QEvent::KeyRelease) {
+        auto* key = static_cast<QKeyEvent*>(event);
+        qint16 KeyCode = KeyCodeOf(key);
+        ErrorReport::Guard([&] { txtCriterion_KeyUp(KeyCode, ShiftOf(key)); });
+        return false;
+    }
+    if (watched == tvwServiceItems) {
+        // Every key is swallowed on its way down; only the key up acts.
+        if (type == QEvent::KeyPress || type == QEvent::ShortcutOverride)
+            return true;
+        if (type == QEvent::KeyRelease) {
+            auto* key = static_cast<QKeyEvent*>(event);
+            if (!key->isAutoRepeat()) {
+                qint16 KeyCode = KeyCodeOf(key);
+                ErrorReport::Guard([&] { tvwServiceItems_KeyUp(KeyCode, ShiftOf(key)); });
+            }
+            return true;
+        }
+        return false;
+    }
+    if (watched == tvwServiceItems->viewport() && type == QEvent::MouseButtonPress) {
+        auto* mouse = static_cast<QMouseEvent*>(event);
+        if (mouse->button() != Qt::RightButton)
+            return false;
+        ErrorReport::Guard([&] {
+            tvwServiceItems_MouseDown(ButtonOf(mouse), ShiftOf(mouse), mouse->position().toPoint());
+        });
+        return true;
+    }
+    if (watched == lvwServiceItems->viewport()) {
+        // The right button leaves the list's selection as it is.
+        if (type == QEvent::MouseButtonPress &&
+            static_cast<QMouseEvent*>(event)->button() == Qt::RightButton)
+            return true;
+        if (type == QEvent::MouseButtonRelease) {
+            auto* mouse = static_cast<QMouseEvent*>(event);
+            lvwServiceItems_MouseUp(ButtonOf(mouse), ShiftOf(mouse), mouse->position().toPoint());
+            return mouse->button() == Qt::RightButton;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+// ---------------------------------------------------------------- Initialise, terminate
+
+void ctlServiceItemGallery::UserControl_Initialize() {
+    TraceLine(kClass, QStringLiteral("UserControl_Initialize")).Write();
+    ErrorReport::TryErrorBox(PrefixSpaced(QStringLiteral("UserControl_Initialize")), [&] {
+        const QString strMax = VB::Left(
+            Settings::GetPrivateProfileString(
+                QStringLiteral("Options"), QStringLiteral("MaxSIsToShow"), QStringLiteral("100")),
+            255);
+        lngMaxSIsToShow = VB::CLng(VB::Val(strMax));
+        cboGroupByProperty->setCurrentIndex(0);
+        m_blnRunSIOnDblClick = true;
+        m_blnShowToolbar = true;
+        UserControl_Resize();
+        blnLoaded = true;
+    });
+}
+
+void ctlServiceItemGallery::UserControl_Terminate() {
+    TraceLine(kClass, QStringLiteral("UserControl_Terminate")).Write();
+    ErrorReport::TryErrorBox(PrefixSpaced(QStringLiteral("UserControl_Terminate")),
+                             [&] { Timer1->stop(); });
+}
+
+bool ctlServiceItemGallery::CanUnload() {
+    TraceLine(kClass, QStringLiteral("CanUnload")).Write();
+    return true;
+}
+
+QString ctlServiceItemGallery::Description() const {
+    return QString(ControlDescriptions::ctlServiceItemGallery);
+}
+
+void ctlServiceItemGallery::ReleaseListViewFilter() {
+    TraceLine(kClass, QStringLiteral("ReleaseListViewFilter")).Write();
+}
+
+// ---------------------------------------------------------------- Stored properties
+
+void ctlServiceItemGallery::setRunSIOnDblClick(bool blnValue) {
+    m_blnRunSIOnDblClick = blnValue;
+}
+
+void ctlServiceItemGallery::setShowToolbar(bool blnValue) {
+    m_blnShowToolbar = blnValue;
+    UserControl_Resize();
+}
+
+// ---------------------------------------------------------------- View switches
+
+void ctlServiceItemGallery::optShowAsTree_Click() {
+    ErrorReport::Guard([&] {
+        TraceLine(kClass, QStringLiteral("optShowAsTree_Click")).Write();
+        if (blnLoaded)
+            ShowServiceItems();
+    });
+}
+
+void ctlServiceItemGallery::optShowAsList_Click() {
+    ErrorReport::Guard([&] {
+        TraceLine(kClass, QStringLiteral("optShowAsList_Click")).Write();
+        if (blnLoaded)
+            ShowServiceItems();
+    });
+}
+
+void ctlServiceItemGallery::cboGroupByProperty_Click() {
+    TraceLine(kClass, QStringLiteral("cboGroupByProperty_Click")).Write();
+    ErrorReport::TryErrorBox(PrefixSpaced(QStringLiteral("cboGroupByProperty_Click")), [&] {
+        if (blnLoaded)
+            ShowServiceItems();
+    });
+}
+
+// ---------------------------------------------------------------- Layout
+
+qint32 ctlServiceItemGallery::WidthTwips() const {
+    return Twips::FromPixels(width());
+}
+
+qint32 ctlServiceItemGallery::HeightTwips() const {
+    return Twips::FromPixels(height());
+}
+
+void ctlServiceItemGallery::PlaceViews(qint32 lngTopTwips, qint32 lngHeightTwips) {
+    const QRect rc = Rect(0, lngTopTwips, WidthTwips(), qMax(lngHeightTwips, 0));
+    tvwServiceItems->setGeometry(rc);
+    lvwServiceItems->setGeometry(rc);
+    tvwServiceItems->raise();
+    lvwServiceItems->raise();
+}
+
+void ctlServiceItemGallery::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    ErrorReport::Guard([&] { UserControl_Resize(); });
+}
+
+void ctlServiceItemGallery::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    m_blnShown = true;
+}
+
+// The panel's widgets lie at fixed places under the views' top; with the panel
+// closed the views simply cover them (and the toolbar when ShowToolbar is False).
+void ctlServiceItemGallery::UserControl_Resize() {
+    const qint32 W = WidthTwips();
+    const qint32 H = HeightTwips();
+    if (W == 0 || H == 0)
+        return;
+    if (H < kMinHeight || W < kMinWidth) {
+        resize(Twips::ToPixels(qMax(W, kMinWidth)), Twips::ToPixels(qMax(H, kMinHeight)));
+        return;
+    }
+    const qint32 lngToolbarWidth = W - 40;
+    Toolbar2->setGeometry(Rect(0, 0, lngToolbarWidth, kToolbarHeight));
+
+    cmdShowHideFilter->setGeometry(Rect(60, 420, 2400, 240));
+    lblFilterState->setGeometry(Rect(2560, 450, qMax(W - 2560, 0), 210));
+    Label1->setGeometry(Rect(60, 705, 1000, 240));
+    txtQuickFilter->setGeometry(Rect(1080, 690, qMax(W - 1080, 0), 260));
+    Label2->setGeometry(txtQuickFilter->geometry());
+    Label2->lower();
+
+    fraShowAs->setGeometry(Rect(0, 1000, lngToolbarWidth, 660));
+    optShowAsTree->setGeometry(Rect(120, 240, 2000, 255));
+    optShowAsList->setGeometry(Rect(120, 420, 2000, 200));
+    cboGroupByProperty->setGeometry(Rect(2200, 210, qMax(lngToolbarWidth - 240 - 2200, 0), 300));
+
+    optQuickFilter->setGeometry(Rect(120, 1700, 2200, 255));
+    optShortList->setGeometry(Rect(2400, 1700, 2200, 255));
+
+    const qint32 lngHalf = lngToolbarWidth / 2 - 240;
+    fraFilter->setGeometry(Rect(0, 2000, lngToolbarWidth, 1140));
+    cboProperty->setGeometry(Rect(120, 260, qMax(lngHalf, 0), 300));
+    cboOperator->setGeometry(Rect(120 + lngHalf + 240, 260, qMax(lngHalf, 0), 300));
+    txtCriterion->setGeometry(Rect(120, 680, qMax(lngToolbarWidth - 240 - 120, 0), 300));
+
+    fraSelectShortList->setGeometry(fraFilter->geometry());
+    cmdGetShortList->setGeometry(Rect(lngToolbarWidth - 2000 - 80, 240, 2000, 300));
+    const QList<QPair<QLabel*, QLabel*>> lstLabels = {
+        {lblCaptionShortListDescription, lblShortListDescription},
+        {lblCaptionShortListCreatedBy, lblShortListCreatedBy},
+        {lblCaptionShortListCreatedDate, lblShortListCreatedDate}};
+    qint32 lngTop = 600;
+    for (const auto& pair : lstLabels) {
+        pair.first->setGeometry(Rect(120, lngTop, 1100, 200));
+        pair.second->setGeometry(Rect(1260, lngTop, qMax(lngToolbarWidth - 1400, 0), 200));
+        lngTop += 160;
+    }
+
+    qint32 lngViewsTop = kViewsTopPanelClosed;
+    if (cmdShowHideFilter->text() == kHidePanelCaption)
+        lngViewsTop = kViewsTopPanelOpen;
+    else if (!m_blnShowToolbar)
+        lngViewsTop = 0;
+    PlaceViews(lngViewsTop, H - lngViewsTop - kViewsBottomGap);
+    StatusBar1->setGeometry(Rect(0, H - kStatusBarHeight, W, kStatusBarHeight));
+    StatusBar1->raise();
+}

@@ -1,0 +1,392 @@
+// ctlServiceItemGallery: ShowServiceItems, the tree and list loads, sorting,
+// folder pictures and the show-all switch of the status bar.
+
+#include "galleries/ctlServiceItemGallery.h"
+
+#include "DataAccess.h"
+#include "Recordset.h"
+#include "TraceLog.h"
+#include "foundations/ErrorReport.h"
+#include "foundations/TraceLine.h"
+#include "foundations/VBError.h"
+#include "foundations/VBImageList.h"
+#include "foundations/VBRuntime.h"
+#include "foundations/VBStatusBar.h"
+#include "foundations/VBTreeWidget.h"
+#include "foundations/modQVLTControls.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+using namespace modQVLTControls;
+
+namespace {
+const QString kClass = QStringLiteral("ctlServiceItemGallery");
+const QString kHidePanelCaption = QStringLiteral("&Hide Display Properties");
+
+// Adds 1 to a 16-bit counter, overflowing as the runtime does.
+void Increment(qint16& intCounter) {
+    intCounter = VB::CInt(static_cast<qint32>(intCounter) + 1);
+}
+} // namespace
+
+// ---------------------------------------------------------------- ShowServiceItems
+
+void ctlServiceItemGallery::ShowServiceItems(const QString& strNodeKeyToSelect) {
+    QString strErrorMessage;
+    ShowServiceItems(strNodeKeyToSelect, strErrorMessage);
+}
+
+void ctlServiceItemGallery::ShowServiceItems(const QString& strNodeKeyToSelect,
+                                             QString& strErrorMessage) {
+    TraceLine(kClass, QStringLiteral("ShowServiceItems"))
+        .Arg(QStringLiteral("strNodeKeyToSelect"), strNodeKeyToSelect)
+        .Arg(QStringLiteral("strErrorMessage"), strErrorMessage)
+        .Write();
+    const bool blnDone = ErrorReport::TryErrorReturn(
+        ErrorReport::Prefix(kClass, QStringLiteral("ShowServiceItems")), strErrorMessage,
+        [&] { ShowServiceItemsUnlocked(strNodeKeyToSelect, strErrorMessage); });
+    // A failure in the middle of the load must not leave the tree without painting.
+    if (!blnDone)
+        UnLockTreeview(tvwServiceItems);
+}
+
+void ctlServiceItemGallery::ShowServiceItemsUnlocked(const QString& strNodeKeyToSelect,
+                                                     QString& strErrorMessage) {
+    const QString strLogPrefix =
+        QStringLiteral("QVLTCONTROLS:ctlServiceItemGallery:ShowServiceItems : ");
+    LockTreeview(tvwServiceItems);
+
+    // A short list in effect takes the place of every other road.
+    if (lngShortListID != 0) {
+        ApplyShortList(lngShortListID, strErrorMessage);
+        if (!strErrorMessage.isEmpty())
+            TraceLog::Instance().WriteErrorLine(strLogPrefix + strErrorMessage);
+        UnLockTreeview(tvwServiceItems);
+        return;
+    }
+
+    QString strWhere;
+    bool blnFilterInEffect = false;
+    bool blnNoFilter = false;
+    bool blnQuickRoad = false;
+    if (!txtQuickFilter->text().isEmpty()) {
+        strWhere = QuickFilterClause();
+        blnFilterInEffect = true;
+        blnQuickRoad = true;
+    } else if (!txtCriterion->text().isEmpty()) {
+        if (cboProperty->currentText().isEmpty() || cboOperator->currentText().isEmpty()) {
+            tvwServiceItems->Clear();
+            UnLockTreeview(tvwServiceItems);
+            return;
+        }
+        strWhere = GetFilterAsWhereClause();
+        blnFilterInEffect = true;
+    } else {
+        blnNoFilter = true;
+    }
+
+    std::unique_ptr<Recordset> rs;
+    DataAccess::Instance().GetServiceItemsJoined(strWhere, 4, strErrorMessage, rs);
+    // The quick road reads on regardless: a clause that fails leaves the view empty.
+    if (!blnQuickRoad && !strErrorMessage.isEmpty()) {
+        TraceLog::Instance().WriteErrorLine(strLogPrefix + strErrorMessage);
+        UnLockTreeview(tvwServiceItems);
+        return;
+    }
+
+    if (optShowAsList->isChecked()) {
+        lvwServiceItems->show();
+        tvwServiceItems->hide();
+        lvwServiceItems->Clear();
+    } else {
+        tvwServiceItems->show();
+        lvwServiceItems->hide();
+        tvwServiceItems->Clear();
+    }
+
+    if (!rs)
+        throw VBError(VBErr::ObjectNotSet);
+    if (rs->RecordCount() == 0) {
+        rs.reset();
+        UnLockTreeview(tvwServiceItems);
+        return;
+    }
+    rs->MoveLast();
+    const qint16 intRecordCount = VB::CInt(rs->RecordCount());
+    Q_UNUSED(intRecordCount);
+    rs->MoveFirst();
+
+    qint16 intAdded = 0;
+    QString strIDs;
+    bool blnNaturalEnd = false;
+    if (tvwServiceItems->isHidden())
+        LoadList(*rs, intAdded, strIDs);
+    else
+        blnNaturalEnd = LoadTree(*rs, intAdded, strIDs);
+
+    rs.reset();
+    TrimData(strIDs, QStringLiteral(","));
+
+    if (cmdShowHideFilter->text() == kHidePanelCaption) {
+        if (blnNoFilter)
+            emit SIListFilterChanged(QStringLiteral("All"), QString(), QString());
+        else
+            emit SIListFilterChanged(strIDs, strFilterInPlainEnglish, strWhereClauseInEffect);
+    }
+
+    if (!tvwServiceItems->isHidden() && !strNodeKeyToSelect.isEmpty() &&
+        tvwServiceItems->KeyExists(strNodeKeyToSelect)) {
+        VBNode node = tvwServiceItems->Nodes(strNodeKeyToSelect);
+        node.EnsureVisible();
+        node.setSelected(true);
+        tvwServiceItems_NodeClick(node.Item());
+    }
+
+    UnLockTreeview(tvwServiceItems);
+
+    if (blnNaturalEnd) {
+        const QString strCount = QString::number(intAdded);
+        SetStatusPanel(1, blnFilterInEffect ? strCount + QStringLiteral(" Service Items displayed")
+                                            : QStringLiteral("All ") + strCount +
+                                                  QStringLiteral(" Service Items displayed"));
+    }
+}
+
+// ---------------------------------------------------------------- List load
+
+void ctlServiceItemGallery::LoadList(Recordset& rs, qint16& intAdded, QString& strIDs) {
+    while (!rs.Eof()) {
+        const qint32 lngID = VB::CLng(rs.Fields(QStringLiteral("ServiceItems.ServiceItemID")));
+        if (lngID != 1 &&
+            !lvwServiceItems->KeyExists(QStringLiteral("SI;") + QString::number(lngID))) {
+            AddListItem(rs, lngID);
+            Increment(intAdded);
+            // The list never sets a group value: the id list is a run of commas.
+            strIDs += QStringLiteral(",");
+        }
+        rs.MoveNext();
+    }
+    SortListAgain();
+}
+
+void ctlServiceItemGallery::AddListItem(const Recordset& rs, qint32 lngID) {
+    const QVariant varType = rs.Fields(QStringLiteral("ServiceItems.ServiceItemTypeID"));
+    const qint32 lngType = VB::CLng(varType);
+    VBNode item =
+        lvwServiceItems->AddItem(QStringLiteral("SI;") + QString::number(lngID),
+                                 VB::Text(rs.Fields(QStringLiteral("ServiceItemTypeName"))));
+    SetNodeImage(item, lngType);
+    const QVariant varDescription = rs.Fields(QStringLiteral("ServiceItemDescription"));
+    if (!varDescription.isNull())
+        item.setSubItems(1, Decoded(VB::CStr(varDescription)));
+    const QStringList lstFields = {QStringLiteral("ServiceItemSource"),
+                                   QStringLiteral("ServiceItemProvider"),
+                                   QStringLiteral("ServiceItemDateCreated")};
+    for (qint32 i = 0; i < lstFields.size(); ++i) {
+        const QVariant varValue = rs.Fields(lstFields.at(i));
+        if (!varValue.isNull())
+            item.setSubItems(i + 2, VB::CStr(varValue));
+    }
+    item.setTag(lngType);
+}
+
+// ---------------------------------------------------------------- Tree load
+
+void ctlServiceItemGallery::GroupFields(const QString& strGroupBy, QString& strValueField,
+                                        QString& strTextField) {
+    if (strGroupBy == QLatin1String("Type")) {
+        strValueField = QStringLiteral("ServiceItems.ServiceItemTypeID");
+        strTextField = QStringLiteral("ServiceItemTypeName");
+    } else if (strGroupBy == QLatin1String("Keyword")) {
+        strValueField = QStringLiteral("Keywords.KeywordID");
+        strTextField = QStringLiteral("KeywordText");
+    } else if (strGroupBy == QLatin1String("Source")) {
+        strValueField = QStringLiteral("ServiceItemSource");
+        strTextField = QStringLiteral("ServiceItemSource");
+    } else if (strGroupBy == QLatin1String("Provider")) {
+        strValueField = QStringLiteral("ServiceItemProvider");
+        strTextField = QStringLiteral("ServiceItemProvider");
+    }
+}
+
+bool ctlServiceItemGallery::LoadTree(Recordset& rs, qint16& intAdded, QString& strIDs) {
+    const QString strGroupBy = cboGroupByProperty->currentText();
+    QString strValueField;
+    QString strTextField;
+    GroupFields(strGroupBy, strValueField, strTextField);
+
+    tvwServiceItems->Add(QVariant(), tvwLast, QStringLiteral("Root"),
+                         QStringLiteral("Service Items"), QStringLiteral("imgFolderOpen"));
+    bool blnNaturalEnd = false;
+    while (!rs.Eof()) {
+        blnNaturalEnd = true;
+        const qint32 lngID = VB::CLng(rs.Fields(QStringLiteral("ServiceItems.ServiceItemID")));
+        if (lngID != 1) {
+            const QVariant varValue = rs.Fields(strValueField);
+            QString strGroupValue;
+            QString strGroupText;
+            if (varValue.isNull()) {
+                strGroupValue = QStringLiteral("0");
+                strGroupText = QStringLiteral("No ") + strGroupBy;
+            } else {
+                strGroupValue = VB::CStr(varValue);
+                strGroupText = VB::Text(rs.Fields(strTextField));
+            }
+            const QString strGroupKey = strGroupBy + QStringLiteral(";") + strGroupValue;
+            if (!tvwServiceItems->KeyExists(strGroupKey)) {
+                VBNode group =
+                    tvwServiceItems->Add(QStringLiteral("Root"), tvwChild, strGroupKey,
+                                         Decoded(strGroupText), QStringLiteral("imgFolderClosed"));
+                group.setTag(strGroupBy);
+            }
+            const QString strItemKey =
+                strGroupKey + QStringLiteral(";;SI;") + QString::number(lngID);
+            if (!tvwServiceItems->KeyExists(strItemKey)) {
+                const QString strText = ItemText(rs);
+                if (!blnShowAll && intAdded >= lngMaxSIsToShow) {
+                    SetStatusPanel(1, QStringLiteral("Last ") + QString::number(intAdded) +
+                                          QStringLiteral(" Service Items displayed"));
+                    SetStatusPanel(2, QStringLiteral("Show All"));
+                    blnNaturalEnd = false;
+                    break;
+                }
+                VBNode item = tvwServiceItems->Add(strGroupKey, tvwChild, strItemKey, strText);
+                SetNodeImage(item,
+                             VB::CLng(rs.Fields(QStringLiteral("ServiceItems.ServiceItemTypeID"))));
+                Increment(intAdded);
+                item.setTag(strGroupValue);
+                strIDs += QStringLiteral(",") + QString::number(lngID);
+            }
+        }
+        rs.MoveNext();
+    }
+    SortTreeview();
+    ExpandAfterLoad();
+    return blnNaturalEnd;
+}
+
+QString ctlServiceItemGallery::ItemText(const Recordset& rs) const {
+    const QVariant varDescription = rs.Fields(QStringLiteral("ServiceItemDescription"));
+    if (!varDescription.isNull())
+        return Decoded(VB::CStr(varDescription));
+    const QVariant varContent = rs.Fields(QStringLiteral("ServiceItemContent"));
+    if (!varContent.isNull()) {
+        const QString strContent = VB::CStr(varContent);
+        return VB::Len(strContent) > 15 ? VB::Left(strContent, 15) : strContent;
+    }
+    return VB::Text(rs.Fields(QStringLiteral("ServiceItemTypeName"))) + QStringLiteral(" from ") +
+           VB::Text(rs.Fields(QStringLiteral("ServiceItemSource")));
+}
+
+// The display form of a stored text: only a text holding "@@" is decoded.
+QString ctlServiceItemGallery::Decoded(const QString& strText) const {
+    if (VB::InStr(strText, QStringLiteral("@@")) == 0)
+        return strText;
+    QString strErrorMessage;
+    QString strResult;
+    DataAccess::Instance().DecodeStoredText(strText, strErrorMessage, strResult);
+    return strResult;
+}
+
+// The picture of a service item is the one whose number is its type id. A type
+// without a picture of its own keeps the number and shows none.
+void ctlServiceItemGallery::SetNodeImage(VBNode& node, qint32 lngTypeID) {
+    if (lngTypeID >= 1 && lngTypeID <= imlServiceItems->Count() - 2)
+        node.setImage(lngTypeID);
+    else
+        node.Item()->setData(0, VBRole::Image, lngTypeID);
+}
+
+bool ctlServiceItemGallery::IsFolderImage(const QVariant& varImage) const {
+    const QString strImage =
+        varImage.typeId() == QMetaType::QString ? varImage.toString() : QString();
+    return strImage == QLatin1String("imgFolderClosed") ||
+           strImage == QLatin1String("imgFolderOpen");
+}
+
+// Fewer than 20 nodes: every folder open; more: only the root.
+void ctlServiceItemGallery::ExpandAfterLoad() {
+    const bool blnWasLocked = !tvwServiceItems->updatesEnabled();
+    if (tvwServiceItems->Count() < 20)
+        ExpandAllNodesByLevel(tvwServiceItems, 0);
+    else
+        ExpandAllNodesByLevel(tvwServiceItems, 2);
+    // The expansion draws again; a load keeps the tree locked to its end.
+    if (blnWasLocked)
+        LockTreeview(tvwServiceItems);
+}
+
+// ---------------------------------------------------------------- Sorting
+
+void ctlServiceItemGallery::SortTreeview() {
+    TraceLine(kClass, QStringLiteral("SortTreeview")).Write();
+    ErrorReport::TryErrorBox(PrefixSpaced(QStringLiteral("SortTreeview")), [&] {
+        const bool blnWasLocked = !tvwServiceItems->updatesEnabled();
+        LockTreeview(tvwServiceItems);
+        for (qint32 i = 1; i <= tvwServiceItems->Count(); ++i) {
+            VBNode node = tvwServiceItems->Nodes(i);
+            if (node.Children() > 1)
+                node.setSorted(true);
+        }
+        if (!blnWasLocked)
+            UnLockTreeview(tvwServiceItems);
+    });
+}
+
+void ctlServiceItemGallery::lvwServiceItems_ColumnClick(int intColumn) {
+    ErrorReport::Guard([&] {
+        TraceLine(kClass, QStringLiteral("lvwServiceItems_ColumnClick"))
+            .Arg(QStringLiteral("ColumnHeader"), intColumn + 1)
+            .Write();
+        // Sorted stays on with the key of the column; the order is never reversed.
+        m_blnListSorted = true;
+        m_intListSortKey = intColumn;
+        SortListAgain();
+    });
+}
+
+void ctlServiceItemGallery::SortListAgain() {
+    if (m_blnListSorted)
+        lvwServiceItems->sortItems(m_intListSortKey, Qt::AscendingOrder);
+}
+
+// ---------------------------------------------------------------- Folder pictures
+
+void ctlServiceItemGallery::tvwServiceItems_Expand(QTreeWidgetItem* Node) {
+    ErrorReport::Guard([&] {
+        if (Node)
+            VBNode(Node).setImage(QStringLiteral("imgFolderOpen"));
+    });
+}
+
+void ctlServiceItemGallery::tvwServiceItems_Collapse(QTreeWidgetItem* Node) {
+    ErrorReport::Guard([&] {
+        if (Node)
+            VBNode(Node).setImage(QStringLiteral("imgFolderClosed"));
+    });
+}
+
+// ---------------------------------------------------------------- Status bar
+
+void ctlServiceItemGallery::StatusBar1_PanelClick(qint32 intPanel) {
+    ErrorReport::Guard([&] {
+        TraceLine(kClass, QStringLiteral("StatusBar1_PanelClick"))
+            .Arg(QStringLiteral("Panel"), intPanel)
+            .Write();
+        if (intPanel != 2)
+            return;
+        if (StatusPanelText(2) == QLatin1String("Show All")) {
+            blnShowAll = true;
+            SetStatusPanel(2, QStringLiteral("Show Last ") + QString::number(lngMaxSIsToShow) +
+                                  QStringLiteral(" only"));
+        } else {
+            SetStatusPanel(2, QStringLiteral("Show All"));
+            blnShowAll = false;
+        }
+        const VBNode node = tvwServiceItems->SelectedItem();
+        ShowServiceItems(node ? node.Key() : QString());
+    });
+}

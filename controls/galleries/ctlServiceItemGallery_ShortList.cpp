@@ -1,0 +1,173 @@
+// ctlServiceItemGallery: showing a short list in place of the normal rows.
+
+#include "galleries/ctlServiceItemGallery.h"
+
+#include "DataAccess.h"
+#include "Recordset.h"
+#include "TraceLog.h"
+#include "foundations/ErrorReport.h"
+#include "foundations/TraceLine.h"
+#include "foundations/VBError.h"
+#include "foundations/VBRuntime.h"
+#include "foundations/VBTreeWidget.h"
+#include "foundations/modQVLTControls.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QRadioButton>
+
+using namespace modQVLTControls;
+
+namespace {
+const QString kClass = QStringLiteral("ctlServiceItemGallery");
+} // namespace
+
+void ctlServiceItemGallery::ApplyShortList(qint32 lngShortListID) {
+    QString strErrorMessage;
+    ApplyShortList(lngShortListID, strErrorMessage);
+}
+
+void ctlServiceItemGallery::ApplyShortList(qint32 lngShortListID, QString& strErrorMessage) {
+    TraceLine(kClass, QStringLiteral("ApplyShortList"))
+        .Arg(QStringLiteral("lngShortListID"), lngShortListID)
+        .Arg(QStringLiteral("strErrorMessage"), strErrorMessage)
+        .Write();
+    ErrorReport::TryErrorReturn(
+        ErrorReport::Prefix(kClass, QStringLiteral("ApplyShortList")), strErrorMessage, [&] {
+            this->lngShortListID = lngShortListID;
+            const VBNode selected = tvwServiceItems->SelectedItem();
+            const QString strRememberedKey = selected ? selected.Key() : QString();
+            tvwServiceItems->Clear();
+
+            if (lngShortListID == 0) {
+                lblShortListDescription->clear();
+                lblShortListCreatedBy->clear();
+                lblShortListCreatedDate->clear();
+                ShowServiceItems();
+                SetFilterStateInactive();
+                return;
+            }
+
+            std::unique_ptr<Recordset> rs;
+            DataAccess::Instance().GetShortLists(QStringLiteral("ShortListID = ") +
+                                                     QString::number(lngShortListID),
+                                                 strErrorMessage, rs);
+            if (!rs || rs->RecordCount() == 0) {
+                strErrorMessage =
+                    QStringLiteral(
+                        "QVLTCONTROLS:ctlServiceItemGallery:ApplyShortList : ShortList ") +
+                    QString::number(lngShortListID) + QStringLiteral(" not found");
+                TraceLog::Instance().WriteErrorLine(strErrorMessage);
+                return;
+            }
+            // A Null leaves the former value standing.
+            const QVariant varDescription = rs->Fields(QStringLiteral("ShortListDescription"));
+            const QVariant varCreated = rs->Fields(QStringLiteral("ShortListDateCreated"));
+            const QVariant varCreatedBy = rs->Fields(QStringLiteral("ShortListCreatedBy"));
+            if (!varDescription.isNull())
+                lblShortListDescription->setText(VB::CStr(varDescription));
+            if (!varCreated.isNull())
+                lblShortListCreatedDate->setText(VB::CStr(varCreated));
+            if (!varCreatedBy.isNull())
+                lblShortListCreatedBy->setText(VB::CStr(varCreatedBy));
+            const QString strDescription = VB::Text(varDescription);
+            const QString strContent = VB::Text(rs->Fields(QStringLiteral("ShortListContent")));
+            rs.reset();
+
+            if (optShowAsList->isChecked()) {
+                lvwServiceItems->show();
+                tvwServiceItems->hide();
+                lvwServiceItems->Clear();
+            } else {
+                tvwServiceItems->show();
+                lvwServiceItems->hide();
+                tvwServiceItems->Clear();
+            }
+
+            DataAccess::Instance().GetServiceItemsJoined(QString(), 4, strErrorMessage, rs);
+            if (!strErrorMessage.isEmpty()) {
+                TraceLog::Instance().WriteErrorLine(
+                    QStringLiteral("QVLTCONTROLS:ctlServiceItemGallery:ApplyShortList : ") +
+                    strErrorMessage);
+                return;
+            }
+            if (!rs)
+                throw VBError(VBErr::ObjectNotSet);
+            if (rs->RecordCount() == 0)
+                return;
+            rs->MoveLast();
+            VB::CInt(rs->RecordCount());
+            rs->MoveFirst();
+
+            ApplyShortListRows(*rs, strContent);
+
+            emit ShortListApplied(strContent, strDescription + QStringLiteral(" Short-List"),
+                                  QStringLiteral("ShortList;") + QString::number(lngShortListID));
+            rs.reset();
+
+            if (!tvwServiceItems->isHidden() && !strRememberedKey.isEmpty() &&
+                tvwServiceItems->KeyExists(strRememberedKey)) {
+                VBNode node = tvwServiceItems->Nodes(strRememberedKey);
+                node.EnsureVisible();
+                node.setSelected(true);
+                tvwServiceItems_NodeClick(node.Item());
+            }
+            SetFilterStateActive(QStringLiteral("(Short-List)"));
+        });
+}
+
+// The items of the short list in the order of its content, one row per item (the
+// first of its rows). A list of one item adds nothing.
+void ctlServiceItemGallery::ApplyShortListRows(Recordset& rs, const QString& strContent) {
+    const qint32 lngCount = GetInstances(strContent, QStringLiteral(",")) + 1;
+    const bool blnTree = !tvwServiceItems->isHidden();
+    if (lngCount <= 1)
+        return;
+    const QString strGroupBy = cboGroupByProperty->currentText();
+    QString strValueField;
+    QString strTextField;
+    GroupFields(strGroupBy, strValueField, strTextField);
+    if (blnTree)
+        tvwServiceItems->Add(QVariant(), tvwLast, QStringLiteral("Root"),
+                             QStringLiteral("Service Items"), QStringLiteral("imgFolderOpen"));
+    for (qint32 i = 1; i <= lngCount; ++i) {
+        const qint32 lngID = VB::CLng(GetInstance(strContent, QStringLiteral(","), i));
+        rs.MoveFirst();
+        // An id without a row walks past the last row: the next read fails.
+        while (!rs.Eof() &&
+               VB::CLng(rs.Fields(QStringLiteral("ServiceItems.ServiceItemID"))) != lngID)
+            rs.MoveNext();
+        if (rs.Eof())
+            throw VBError(3021, QStringLiteral("No current record."));
+        if (!blnTree) {
+            if (!lvwServiceItems->KeyExists(QStringLiteral("SI;") + QString::number(lngID)))
+                AddListItem(rs, lngID);
+            continue;
+        }
+        const QVariant varValue = rs.Fields(strValueField);
+        QString strGroupValue = QStringLiteral("0");
+        QString strGroupText = QStringLiteral("No ") + strGroupBy;
+        if (!varValue.isNull()) {
+            strGroupValue = VB::CStr(varValue);
+            strGroupText = VB::Text(rs.Fields(strTextField));
+        }
+        const QString strGroupKey = strGroupBy + QStringLiteral(";") + strGroupValue;
+        if (!tvwServiceItems->KeyExists(strGroupKey))
+            tvwServiceItems
+                ->Add(QStringLiteral("Root"), tvwChild, strGroupKey, strGroupText,
+                      QStringLiteral("imgFolderClosed"))
+                .setTag(strGroupBy);
+        const QString strItemKey = strGroupKey + QStringLiteral(";;SI;") + QString::number(lngID);
+        if (!tvwServiceItems->KeyExists(strItemKey)) {
+            VBNode item = tvwServiceItems->Add(strGroupKey, tvwChild, strItemKey, ItemText(rs));
+            SetNodeImage(item,
+                         VB::CLng(rs.Fields(QStringLiteral("ServiceItems.ServiceItemTypeID"))));
+            item.setTag(strGroupValue);
+        }
+    }
+    if (blnTree) {
+        SortTreeview();
+        ExpandAfterLoad();
+    }
+}
