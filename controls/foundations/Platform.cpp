@@ -186,6 +186,10 @@ void Platform::Install(Platform* pPlatform) {
     g_installed = pPlatform;
 }
 
+Platform* Platform::Installed() {
+    return g_installed;
+}
+
 QString Platform::LocalPath(const QString& strPath) {
     if (strPath.isEmpty() || QFileInfo::exists(strPath) || !strPath.contains(QLatin1Char('\\')))
         return strPath;

@@ -180,6 +180,12 @@ VBTreeWidget::VBTreeWidget(QWidget* parent) : QTreeWidget(parent) {
     connect(this, &QTreeWidget::itemCollapsed, this, &VBTreeWidget::onItemExpandedChanged);
 }
 
+// The model is a child of the widget and is deleted after this class's members
+// are gone; its last signals must not reach them.
+VBTreeWidget::~VBTreeWidget() {
+    disconnect(model(), nullptr, this, nullptr);
+}
+
 void VBTreeWidget::registerItem(QTreeWidgetItem* item, const QString& strKey) {
     item->setData(0, VBRole::Key, strKey.isEmpty() ? QVariant() : QVariant(strKey));
     item->setData(0, VBRole::Serial, ++m_serial);

@@ -98,6 +98,8 @@ class VBTreeWidget : public QTreeWidget {
     Q_OBJECT
 public:
     explicit VBTreeWidget(QWidget* parent = nullptr);
+    // Stops listening to the model before the model is deleted with the widget.
+    ~VBTreeWidget() override;
 
     // Nodes.Add: relative is Null (a top-level node), a key text or a 1-based
     // index.
