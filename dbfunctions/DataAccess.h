@@ -135,7 +135,7 @@ public:
     // All fields of ServiceItems plus ServiceItemTypeName, newest first.
     void GetServiceItems(const QString& strWhereClause, qint16 intRecordsetType,
                          QString& strErrorMessage, std::unique_ptr<Recordset>& rs);
-    // Creates an item of type SIType (0: the first text type) with the given texts.
+    // Creates an item of type SIType (0: no type yet, "None") with the given texts.
     // blnApplyDefaults: take the run details from the system options (points display).
     void AddServiceItem(const QString& strDescription, const QString& strSource,
                         const QString& strContent, qint32 SIType, QString& strErrorMessage,
@@ -196,8 +196,7 @@ public:
     // a description answers "(No Description)".
     void GetServiceItemDescription(qint32 lngServiceItemID, QString& strErrorMessage,
                                    QString& strDescription);
-    void GetServiceItemTypeID(qint32 lngServiceItemID, QString& strErrorMessage,
-                              qint16& intTypeID);
+    void GetServiceItemTypeID(qint32 lngServiceItemID, QString& strErrorMessage, qint16& intTypeID);
     void GetServiceItemShowAsPoints(qint32 lngServiceItemID, QString& strErrorMessage,
                                     bool& blnShowAsPoints);
     void ServiceItemExists(qint32 lngServiceItemID, QString& strErrorMessage, bool& blnExists);
@@ -221,13 +220,12 @@ public:
     // sample database and the tests). AddVerse appends; AddSongSequenceEntry appends.
     void AddVerse(qint32 lngServiceItemID, const QString& strVerseName, const QString& strVerseText,
                   bool blnIsChorus, QString& strErrorMessage, qint32& lngNewVerseID);
-    void AddSongSequenceEntry(qint32 lngServiceItemID, qint32 lngVerseID,
-                              QString& strErrorMessage);
+    void AddSongSequenceEntry(qint32 lngServiceItemID, qint32 lngVerseID, QString& strErrorMessage);
     void DeleteSongBreakdown(qint32 lngServiceItemID, QString& strErrorMessage);
 
     // ---- Points -------------------------------------------------------------------------
-    void GetPoints(const QString& strWhereClause, qint16 intRecordsetType,
-                   QString& strErrorMessage, std::unique_ptr<Recordset>& rs);
+    void GetPoints(const QString& strWhereClause, qint16 intRecordsetType, QString& strErrorMessage,
+                   std::unique_ptr<Recordset>& rs);
     // Appends a point (lngPosition 0) or puts it at that Position. lngNewPointID receives the id.
     void SavePoint(qint32 lngServiceItemID, const QString& strPointText, qint32 lngPosition,
                    const QString& strPointKey, const QString& strParentPointKey,
@@ -287,8 +285,7 @@ public:
                                     QString& strErrorMessage);
     void GetDefaultShowAtRunTime(qint16 intServiceItemType, QString& strErrorMessage,
                                  bool& blnShowAtRunTime);
-    void GetServiceItemTypeName(qint16 intTypeID, QString& strErrorMessage,
-                                QString& strTypeName);
+    void GetServiceItemTypeName(qint16 intTypeID, QString& strErrorMessage, QString& strTypeName);
 
     // ---- Templates ----------------------------------------------------------------------
     void GetTemplates(const QString& strWhereClause, qint16 intRecordsetType,
@@ -296,13 +293,13 @@ public:
     // Updates the template lngTemplateID, or adds one when it is 0 (lngNewTemplateID gets the
     // id either way).
     void SaveTemplate(qint32 lngTemplateID, const QString& strDescription, bool blnUserCreated,
-                      const QString& strOccasion, const QString& strAuthor,
-                      const QString& strNotes, bool blnIsServiceTemplate,
-                      QString& strErrorMessage, qint32& lngNewTemplateID);
+                      const QString& strOccasion, const QString& strAuthor, const QString& strNotes,
+                      bool blnIsServiceTemplate, QString& strErrorMessage,
+                      qint32& lngNewTemplateID);
     // Not available yet (needs the word processor): answers an error text, creates nothing.
     void NewTemplate(bool blnOpenDocument, QString& strErrorMessage, qint32& lngNewTemplateID);
-    void DeleteTemplate(qint32 lngTemplateID, const QVariant& varReserved,
-                        QString& strErrorMessage, QVariant& varReservedOut);
+    void DeleteTemplate(qint32 lngTemplateID, const QVariant& varReserved, QString& strErrorMessage,
+                        QVariant& varReservedOut);
     void DeleteTemplate(qint32 lngTemplateID, QString& strErrorMessage);
     void TemplateShown(qint32 lngTemplateID);
     void GetTemplateOccasions(const QString& strWhere, QString& strErrorMessage,
@@ -366,8 +363,7 @@ public:
 
     // ---- Word processor and reports (not available yet) ---------------------------------
     // No word processor link exists yet: both answer False (and trace why).
-    void IsWordInstalled(const QString& strUnusedA, const QString& strUnusedB,
-                         bool& blnInstalled);
+    void IsWordInstalled(const QString& strUnusedA, const QString& strUnusedB, bool& blnInstalled);
     void IsWordRunning(bool& blnIsRunning);
     void AddBrowserButtonsToWord(QString& strErrorMessage);
     void LoadFileIntoRichText(const QString& strFile, QTextEdit* objRichText,
@@ -382,12 +378,11 @@ public:
     // Converts both ways: a text holding "@@" gets apostrophes in their place (display form);
     // a text without "@@" that holds apostrophes gets "@@" in their place (stored form).
     void DecodeStoredText(const QString& strText, QString& strErrorMessage, QString& strResult);
-    // True when the text reads as lines of verse rather than running sentences: it has at
-    // least two non-empty lines, no line longer than 80 characters, and fewer than half of its
-    // non-empty lines end a sentence inside a paragraph (a line that runs on into the next
-    // without a break is what running prose looks like). See TextStructure.cpp.
-    void TextIsLineStructured(const QString& strText, QString& strErrorMessage,
-                              bool& blnResult);
+    // True when the text reads as lines (verse, a litany, a list) rather than running sentences:
+    // it has at least two non-empty lines, none of them longer than 80 characters, and their
+    // average length is at most 60 characters. A paragraph is one long line (or lines longer
+    // than that), so it answers False; so does a text of one line.
+    void TextIsLineStructured(const QString& strText, QString& strErrorMessage, bool& blnResult);
 
 private:
     DataAccess();

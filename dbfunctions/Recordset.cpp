@@ -40,7 +40,8 @@ QVariant Recordset::Fields(const QString& strName) const {
     const qint32 index = FieldIndex(strName);
     if (index < 0) {
         TraceLog::Instance().WriteErrorLine(
-            QStringLiteral("QVLTDBFUNCTIONS:Recordset:Fields: Item not found in this collection: ") +
+            QStringLiteral(
+                "QVLTDBFUNCTIONS:Recordset:Fields: Item not found in this collection: ") +
             strName);
         return QVariant();
     }

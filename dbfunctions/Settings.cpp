@@ -148,7 +148,9 @@ QString Settings::IniFolder() {
            QStringLiteral("/Corvantis");
 }
 
-QString Settings::IniPath() { return IniFolder() + QStringLiteral("/Corvantis.ini"); }
+QString Settings::IniPath() {
+    return IniFolder() + QStringLiteral("/Corvantis.ini");
+}
 
 QString Settings::DataFolder() {
     QString folder = GetPrivateProfileString(QStringLiteral("Paths"), QStringLiteral("Data"));

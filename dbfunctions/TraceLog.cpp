@@ -12,9 +12,13 @@ TraceLog& TraceLog::Instance() {
     return *instance;
 }
 
-void TraceLog::WriteErrorLine(const QString& line) { Append(QStringLiteral("ERROR: ") + line); }
+void TraceLog::WriteErrorLine(const QString& line) {
+    Append(QStringLiteral("ERROR: ") + line);
+}
 
-void TraceLog::WriteTraceLine(const QString& line) { Append(line); }
+void TraceLog::WriteTraceLine(const QString& line) {
+    Append(line);
+}
 
 QString TraceLog::FilePath() const {
     const QString fromEnvironment = qEnvironmentVariable("CORVANTIS_TRACE");

@@ -1,0 +1,211 @@
+#include "DataAccess.h"
+
+#include "DataAccessCore.h"
+#include "Settings.h"
+#include "TraceLog.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSqlDriver>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QStandardPaths>
+
+// Opening and closing the database file, the folders, and the engine's transaction.
+// The schema and its upgrades are in DataAccess_Schema.cpp.
+
+bool CreateOrUpgradeSchema(QSqlDatabase& db, const QString& path, QString& error);
+
+namespace {
+const QString kConnection = QStringLiteral("corvantis_dataaccess");
+
+void CloseAtExit() {
+    DataAccess::Instance().CloseDatabase();
+}
+} // namespace
+
+DataAccess& DataAccess::Instance() {
+    static DataAccess* instance = [] {
+        auto* created = new DataAccess; // never released; closed in order at program end
+        qAddPostRoutine(CloseAtExit);
+        return created;
+    }();
+    return *instance;
+}
+
+DataAccess::DataAccess() : m_connectionName(kConnection) {}
+
+DataAccess::~DataAccess() = default;
+
+QSqlDatabase DataAccess::Database() {
+    if (!QSqlDatabase::contains(m_connectionName))
+        return QSqlDatabase();
+    return QSqlDatabase::database(m_connectionName, false);
+}
+
+bool DataAccess::IsOpen() const {
+    return QSqlDatabase::contains(m_connectionName) &&
+           QSqlDatabase::database(m_connectionName, false).isOpen();
+}
+
+QString DataAccess::DefaultDatabasePath() {
+    return Settings::DataFolder() + QStringLiteral("/Corvantis.pdb");
+}
+
+QString DataAccess::SampleDatabasePath() {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+           QStringLiteral("/Corvantis/Sample/Corvantis.pdb");
+}
+
+bool DataAccess::IsSampleMode() {
+    return Settings::GetPrivateProfileString(QStringLiteral("Options"),
+                                             QStringLiteral("IsSampleMode"))
+               .compare(QStringLiteral("True"), Qt::CaseInsensitive) == 0;
+}
+
+namespace {
+
+bool ConfigureConnection(QSqlDatabase& db, QString& error) {
+    const QVariant handle = db.driver()->handle();
+    if (!handle.isValid() ||
+        !JetWhere::RegisterFunctions(*static_cast<void* const*>(handle.data()))) {
+        error = QStringLiteral("The filter functions could not be registered.");
+        return false;
+    }
+    QSqlQuery q(db);
+    for (const char* pragma : {"PRAGMA foreign_keys = ON", "PRAGMA journal_mode = WAL",
+                               "PRAGMA synchronous = FULL", "PRAGMA busy_timeout = 5000"}) {
+        if (!q.exec(QLatin1String(pragma))) {
+            error = q.lastError().text();
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+void DataAccess::OpenDatabase(const QString& strPath, QString& strErrorMessage) {
+    CloseDatabase();
+    const QString path = QDir::cleanPath(QDir::fromNativeSeparators(strPath));
+    if (path.isEmpty()) {
+        DataAccessPrivate::Fail(strErrorMessage, "OpenDatabase", QStringLiteral("No file named."));
+        return;
+    }
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connectionName);
+    db.setDatabaseName(path);
+    QString error;
+    if (!db.open())
+        error = db.lastError().text();
+    else if (ConfigureConnection(db, error))
+        CreateOrUpgradeSchema(db, path, error);
+    if (!error.isEmpty()) {
+        CloseDatabase();
+        DataAccessPrivate::Fail(strErrorMessage, "OpenDatabase",
+                                QStringLiteral("Cannot open %1: %2").arg(path, error));
+        return;
+    }
+    m_databasePath = path;
+    DataAccessPrivate::LoadSchemaInfo();
+    const QString configured =
+        Settings::GetPrivateProfileString(QStringLiteral("Paths"), QStringLiteral("Content"));
+    m_contentFolder = configured.isEmpty()
+                          ? QFileInfo(path).absolutePath() + QStringLiteral("/Content")
+                          : QDir::cleanPath(QDir::fromNativeSeparators(configured));
+}
+
+void DataAccess::OpenConfiguredDatabase(QString& strErrorMessage) {
+    if (IsSampleMode())
+        OpenSampleDatabase(strErrorMessage);
+    else
+        OpenDatabase(DefaultDatabasePath(), strErrorMessage);
+}
+
+void DataAccess::CloseDatabase() {
+    if (QSqlDatabase::contains(m_connectionName)) {
+        {
+            QSqlDatabase db = QSqlDatabase::database(m_connectionName, false);
+            if (db.isOpen()) {
+                if (m_inTransaction)
+                    db.exec(QStringLiteral("COMMIT"));
+                db.exec(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)"));
+                db.close();
+            }
+        }
+        QSqlDatabase::removeDatabase(m_connectionName);
+    }
+    m_inTransaction = false;
+    m_databasePath.clear();
+}
+
+bool DataAccess::EnsureOpen(QString& strErrorMessage) {
+    if (IsOpen())
+        return true;
+    QString error;
+    OpenConfiguredDatabase(error);
+    if (!error.isEmpty()) {
+        strErrorMessage = error;
+        return false;
+    }
+    return true;
+}
+
+// ---- Transactions ---------------------------------------------------------------------------
+
+void DataAccess::BeginTrans() {
+    QString error;
+    if (!DataAccessPrivate::Ready(error, "BeginTrans"))
+        return;
+    if (m_inTransaction) {
+        // A transaction that was never ended: keep its work rather than lose it.
+        TraceLog::Instance().WriteTraceLine(
+            QStringLiteral("QVLTDBFUNCTIONS:DataAccess:BeginTrans: an open transaction was "
+                           "committed before a new one began"));
+        CommitTrans();
+    }
+    if (DataAccessPrivate::Exec(QStringLiteral("BEGIN IMMEDIATE"), {}, error, "BeginTrans"))
+        m_inTransaction = true;
+}
+
+void DataAccess::CommitTrans() {
+    if (!m_inTransaction)
+        return;
+    QString error;
+    if (DataAccessPrivate::Exec(QStringLiteral("COMMIT"), {}, error, "CommitTrans"))
+        m_inTransaction = false;
+}
+
+void DataAccess::Rollback() {
+    if (!m_inTransaction)
+        return;
+    QString error;
+    DataAccessPrivate::Exec(QStringLiteral("ROLLBACK"), {}, error, "Rollback");
+    m_inTransaction = false;
+}
+
+// ---- Folders ---------------------------------------------------------------------------
+
+void DataAccess::GetContentFolder(QString& strFolder) {
+    QString ignored;
+    EnsureOpen(ignored);
+    strFolder = m_contentFolder;
+    while (strFolder.size() > 1 && strFolder.endsWith('/'))
+        strFolder.chop(1);
+}
+
+void DataAccess::GetDataFolder(QString& strFolder) {
+    QString ignored;
+    EnsureOpen(ignored);
+    strFolder = m_databasePath.isEmpty() ? Settings::DataFolder()
+                                         : QFileInfo(m_databasePath).absolutePath();
+    if (!strFolder.endsWith('/'))
+        strFolder += '/';
+}
+
+void DataAccess::GetFolderOfPath(const QString& strPath, QString& strFolder) {
+    const qsizetype slash = qMax(strPath.lastIndexOf('/'), strPath.lastIndexOf('\\'));
+    strFolder = slash < 0 ? QString() : strPath.left(slash + 1);
+}

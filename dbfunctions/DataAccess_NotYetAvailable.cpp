@@ -1,0 +1,76 @@
+#include "DataAccess.h"
+
+#include "DataAccessCore.h"
+#include "TraceLog.h"
+
+// Operations that open dialogs or drive other programs (word processor, printing, import and
+// export, widgets filled by the library). They come with a later release; until then each
+// answers a clear error text and changes nothing.
+
+using P = DataAccessPrivate;
+
+void DataAccess::FillTransitionCombos(QComboBox*, QComboBox*, QString& strErrorMessage) {
+    P::NotAvailable(strErrorMessage, "FillTransitionCombos",
+                    QStringLiteral("The list of transitions"));
+}
+
+void DataAccess::FillBackgroundImageCombo(QComboBox*, QString& strErrorMessage) {
+    P::NotAvailable(strErrorMessage, "FillBackgroundImageCombo",
+                    QStringLiteral("Filling the list of background images"));
+}
+
+void DataAccess::CopyChurchLogo(const QString&, QString& strErrorMessage) {
+    P::NotAvailable(strErrorMessage, "CopyChurchLogo", QStringLiteral("Copying the church logo"));
+}
+
+void DataAccess::ImportFile(const QString&, QString& strErrorMessage) {
+    P::NotAvailable(strErrorMessage, "ImportFile", QStringLiteral("Import"));
+}
+
+void DataAccess::ExportServices(const QVariant&, const QString&, QString& strErrorMessage) {
+    P::NotAvailable(strErrorMessage, "ExportServices", QStringLiteral("Export of services"));
+}
+
+void DataAccess::ExportServiceItems(const QVariant&, const QString&, QString& strErrorMessage) {
+    P::NotAvailable(strErrorMessage, "ExportServiceItems",
+                    QStringLiteral("Export of service items"));
+}
+
+void DataAccess::IsWordInstalled(const QString&, const QString&, bool& blnInstalled) {
+    blnInstalled = false;
+    TraceLog::Instance().WriteTraceLine(
+        QStringLiteral("QVLTDBFUNCTIONS:DataAccess:IsWordInstalled: no word processor link is "
+                       "available yet in this version of Corvantis"));
+}
+
+void DataAccess::IsWordRunning(bool& blnIsRunning) {
+    blnIsRunning = false;
+}
+
+void DataAccess::AddBrowserButtonsToWord(QString& strErrorMessage) {
+    P::NotAvailable(strErrorMessage, "AddBrowserButtonsToWord",
+                    QStringLiteral("Adding the browser buttons to the word processor"));
+}
+
+void DataAccess::LoadFileIntoRichText(const QString& strFile, QTextEdit* objRichText,
+                                      QString& strErrorMessage, QVariant&) {
+    LoadFileIntoRichText(strFile, objRichText, strErrorMessage);
+}
+
+void DataAccess::LoadFileIntoRichText(const QString&, QTextEdit*, QString& strErrorMessage) {
+    P::NotAvailable(strErrorMessage, "LoadFileIntoRichText",
+                    QStringLiteral("Loading a document into the text box"));
+}
+
+void DataAccess::PrintService(qint32, QString& strErrorMessage) {
+    P::NotAvailable(strErrorMessage, "PrintService", QStringLiteral("The print wizard"));
+}
+
+void DataAccess::PrintServiceItem(qint32, QString& strErrorMessage) {
+    P::NotAvailable(strErrorMessage, "PrintServiceItem", QStringLiteral("The print wizard"));
+}
+
+void DataAccess::PrintServiceShortCuts(qint32, QString& strErrorMessage) {
+    P::NotAvailable(strErrorMessage, "PrintServiceShortCuts",
+                    QStringLiteral("Printing the short-cut sheet"));
+}

@@ -1,0 +1,78 @@
+#pragma once
+
+#include <QDate>
+#include <QHash>
+#include <QList>
+#include <QString>
+#include <QVariantList>
+
+// Translation of a Jet SQL condition (the WHERE texts the controls build) into an SQLite
+// condition with bound parameters.
+//
+// The clause is read by a tokenizer and a recursive-descent parser; the result is generated from
+// the parse, never by pasting text of the clause into SQL: every value becomes a "?" parameter,
+// every field becomes the column it resolves to in the query's own tables. Anything outside the
+// language is refused with an error text, and then nothing runs.
+//
+// The language:
+//   condition  := or
+//   or         := and { OR and }
+//   and        := not { AND not }
+//   not        := NOT not | '(' condition ')' | predicate
+//   predicate  := operand compare operand            compare: = <> < > <= >=
+//              |  operand [NOT] LIKE operand          wildcards * ? # and [list], any case
+//              |  operand IS [NOT] NULL
+//              |  operand [NOT] IN '(' operand {',' operand} ')'
+//              |  operand [NOT] BETWEEN operand AND operand
+//              |  boolean-field
+//   operand    := field | number | 'text' | "text" | #date# | True | False | Null | -number
+//   field      := Name | Table.Name  (any letter case; [Name] in brackets allowed)
+// At least one side of a comparison must be a field (so "'a' = 'a'" is refused).
+//
+// Values: texts compare without regard to case (as Jet does), True and False are 1 and 0 (the
+// stored form of booleans), a #date# literal is read in the ISO form (2026-11-21), Medium Date
+// (21-Nov-26, 21-Nov-2026), the platform's short date form, and Jet's m/d/yyyy; two-digit years
+// fall in 1930..2029. A date literal without a time compares with the day of a stored date
+// (so "DateCreated = #21-Nov-26#" finds every row of that day); one with a time compares exactly.
+//
+// The generated SQL calls the SQL function jet_like(value, pattern) and the collation JETTEXT,
+// which DataAccess registers on its connection (JetWhere::RegisterFunctions).
+class JetWhere {
+public:
+    enum class Kind { Text, Number, Boolean, Date };
+
+    struct Table {
+        QString name;                 // as clauses write it: "ServiceItems"
+        QString alias;                // as the query's SQL names it: "si"
+        QHash<QString, Kind> columns; // column name (documented spelling) -> kind
+    };
+
+    struct Result {
+        QString sql;         // empty when the clause was empty
+        QVariantList params; // the bound values, in order
+        QString error;       // non-empty: the clause was refused
+        bool ok() const { return error.isEmpty(); }
+    };
+
+    explicit JetWhere(QList<Table> tables) : m_tables(std::move(tables)) {}
+
+    Result Translate(const QString& clause) const;
+
+    // Reads a date literal's text (without the #); an invalid date when unreadable.
+    // blnHasTime tells whether the text held a time of day.
+    static QDateTime ParseDate(const QString& text, bool* blnHasTime = nullptr);
+    // The regular expression for a Jet Like pattern (case-insensitive, whole text).
+    static QString LikePatternToRegex(const QString& pattern);
+    // Registers jet_like and JETTEXT on an open SQLite connection handle (sqlite3*).
+    static bool RegisterFunctions(void* sqliteHandle);
+
+    // Used by the parser.
+    struct ColumnRef {
+        QString sql;
+        Kind kind = Kind::Text;
+    };
+    bool Resolve(const QString& table, const QString& column, ColumnRef& ref, QString& error) const;
+
+private:
+    QList<Table> m_tables;
+};
