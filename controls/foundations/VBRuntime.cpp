@@ -367,7 +367,12 @@ QString Text(const QVariant& varValue) {
 }
 
 QString ShortDate(const QDate& dtDate) {
-    return QLocale::system().toString(dtDate, QLocale::ShortFormat);
+    const QLocale locale = QLocale::system();
+    // A machine without a locale of its own (C, POSIX) gets day/month/year
+    // with two-digit years rather than Qt's "d MMM yyyy".
+    if (locale.language() == QLocale::C)
+        return dtDate.toString(QStringLiteral("dd/MM/yy"));
+    return locale.toString(dtDate, QLocale::ShortFormat);
 }
 
 QString LongTime(const QTime& tmTime) {

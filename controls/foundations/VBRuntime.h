@@ -33,7 +33,8 @@ QString CStr(const QVariant& varValue);
 // As CStr, but Null gives an empty text (the text of Null in a concatenation).
 QString Text(const QVariant& varValue);
 
-// The platform's short date ("21/11/26" style) and the time with seconds.
+// The platform's short date ("21/11/26" style; dd/MM/yy on a machine whose
+// locale is C) and the time with seconds.
 QString ShortDate(const QDate& dtDate);
 QString LongTime(const QTime& tmTime);
 
