@@ -51,11 +51,15 @@ public:
     };
 
     struct SongPart {
+        SongPart(const QString& n, const QString& t, bool chorus = false)
+            : name(n), text(t), isChorus(chorus) {}
         QString name; // "Verse 1", "Chorus"
         QString text; // the words, lines separated by "\n"
         bool isChorus = false;
     };
-    struct Row { // one row of a service's contents
+    struct Row { // one row of a service's contents: {itemId}, {itemId, false}, Blank()
+        Row(qint32 id = 1, bool show = true, const QString& len = QString())
+            : serviceItemId(id), showAtRunTime(show), length(len) {}
         qint32 serviceItemId = 1;
         bool showAtRunTime = true;
         QString length;
