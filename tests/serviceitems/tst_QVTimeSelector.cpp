@@ -22,6 +22,7 @@ private slots:
     void cleanup();
 
     void descriptionIsTimeSelectorControl();
+    void propertiesWorkByName();
     void startsInModeZeroWithEveryBoxAtZero();
 
     // The spelled-out cases of the control.
@@ -98,6 +99,22 @@ void tst_QVTimeSelector::descriptionIsTimeSelectorControl() {
     Host host;
     QCOMPARE(host.ts->Description(), QStringLiteral("TimeSelectorControl"));
     QCOMPARE(host.ts->property("Description").toString(), QStringLiteral("TimeSelectorControl"));
+}
+
+void tst_QVTimeSelector::propertiesWorkByName() {
+    Host host;
+    QVERIFY(host.ts->setProperty("UserCanChange", 3));
+    QVERIFY(host.ts->setProperty("TimeInSeconds", 3661));
+    QCOMPARE(host.Text("txtHours"), QStringLiteral("1"));
+    QCOMPARE(host.ts->property("Minutes").toInt(), 1);
+    QCOMPARE(host.ts->property("TimeInSeconds").toInt(), 3661);
+    QCOMPARE(host.ts->property("ShortTime").toString(), QStringLiteral("1 hr 1 min 1 sec"));
+    QCOMPARE(host.ts->property("LongTime").toString(), QStringLiteral("1 hour 1 minute 1 second "));
+    QVERIFY(host.ts->setProperty("ShortTime", QStringLiteral("5 mins")));
+    QCOMPARE(host.ts->property("Minutes").toInt(), 5);
+    QVERIFY(host.ts->setProperty("Hours", 2)); // mode 3 folds the hours into minutes
+    QCOMPARE(host.ts->property("Minutes").toInt(), 125);
+    QCOMPARE(host.ts->property("UserCanChange").toInt(), 3);
 }
 
 void tst_QVTimeSelector::startsInModeZeroWithEveryBoxAtZero() {
