@@ -1,0 +1,339 @@
+// The run console: its widgets, initialise, resize and the frame members.
+#include "run/ctlRun.h"
+
+#include "DataAccess.h"
+#include "foundations/ControlFrame.h"
+#include "foundations/ErrorReport.h"
+#include "foundations/KeyCodes.h"
+#include "foundations/SSRibbon.h"
+#include "foundations/SSTab.h"
+#include "foundations/StandardIcons.h"
+#include "foundations/TraceLine.h"
+#include "foundations/Twips.h"
+#include "foundations/VBImageList.h"
+#include "foundations/VBTreeWidget.h"
+#include "galleries/ctlServiceItemGallery.h"
+
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace {
+
+// The scroll area of SSScroll1: below this size the surface scrolls.
+constexpr qint32 ScrollAreaWidth = 8805;
+constexpr qint32 ScrollAreaHeight = 7935;
+
+void Place(QWidget* w, qint32 lngLeft, qint32 lngTop, qint32 lngWidth, qint32 lngHeight) {
+    w->setGeometry(Twips::ToPixels(lngLeft, lngTop, lngWidth, lngHeight));
+}
+
+qint32 TwipsWidth(const QWidget* w) {
+    return Twips::FromPixels(w->width());
+}
+qint32 TwipsHeight(const QWidget* w) {
+    return Twips::FromPixels(w->height());
+}
+
+void SetTwipsWidth(QWidget* w, qint32 lngWidth) {
+    w->resize(Twips::ToPixels(lngWidth), w->height());
+}
+
+void SetTwipsHeight(QWidget* w, qint32 lngHeight) {
+    w->resize(w->width(), Twips::ToPixels(std::max(lngHeight, 0)));
+}
+
+// The top of w in the coordinates of its container (a frame or tab set),
+// whatever pages lie between them.
+qint32 TwipsTopIn(const QWidget* w, const QWidget* container) {
+    return Twips::FromPixels(w->mapTo(container, QPoint(0, 0)).y());
+}
+
+// Keeps lngGap twips between the bottom of w and the bottom of its container.
+void KeepGapToBottom(QWidget* w, const QWidget* container, qint32 lngGap) {
+    SetTwipsHeight(w, TwipsHeight(container) - TwipsTopIn(w, container) - lngGap);
+}
+
+VBTreeWidget* NewListView(QWidget* parent, const QString& strName) {
+    auto* lvw = new VBTreeWidget(parent);
+    lvw->setObjectName(strName);
+    lvw->SetListView();
+    return lvw;
+}
+
+QLabel* NewLabel(QWidget* parent, const QString& strName) {
+    auto* lbl = new QLabel(parent);
+    lbl->setObjectName(strName);
+    return lbl;
+}
+
+template <class T> T* Named(T* w, const QString& strName) {
+    w->setObjectName(strName);
+    return w;
+}
+
+} // namespace
+
+ctlRun::ctlRun(QWidget* parent) : QWidget(parent) {
+    setObjectName(QStringLiteral("ctlRun"));
+    CreateWidgets();
+    ConnectWidgets();
+    UserControl_Initialize();
+}
+
+ctlRun::~ctlRun() {
+    TraceLine("ctlRun", "UserControl_Terminate").Write();
+}
+
+QString ctlRun::Description() const {
+    return ControlDescriptions::ctlRun;
+}
+
+// ---------------------------------------------------------------- widgets
+
+void ctlRun::CreateWidgets() {
+    imlServiceItems = new VBImageList(QStringLiteral("imlServiceItems"), this);
+    StandardIcons::FillServiceItemImages(*imlServiceItems);
+    imlVerseChorus = new VBImageList(QStringLiteral("imlVerseChorus"), this);
+    StandardIcons::FillVerseChorusImages(*imlVerseChorus);
+
+    SSScroll1 = Named(new QScrollArea(this), QStringLiteral("SSScroll1"));
+    SSScroll1->setWidgetResizable(false);
+    SSScroll1->setFrameShape(QFrame::NoFrame);
+    auto* surface = new QWidget;
+    surface->resize(Twips::ToPixels(ScrollAreaWidth), Twips::ToPixels(ScrollAreaHeight));
+    SSScroll1->setWidget(surface);
+
+    fraMainCaption = Named(new QGroupBox(surface), QStringLiteral("fraMainCaption"));
+    Place(fraMainCaption, 0, 0, ScrollAreaWidth, 615);
+    lblMainCaption = NewLabel(fraMainCaption, QStringLiteral("lblMainCaption"));
+    Place(lblMainCaption, 120, 210, 8565, 330);
+    QFont fntCaption = lblMainCaption->font();
+    fntCaption.setBold(true);
+    fntCaption.setPointSizeF(fntCaption.pointSizeF() * 1.2);
+    lblMainCaption->setFont(fntCaption);
+
+    SSTab1 = Named(new SSTab(surface), QStringLiteral("SSTab1"));
+    Place(SSTab1, 0, 660, ScrollAreaWidth, 7275);
+    auto* page = new QWidget;
+    SSTab1->addTab(page, QStringLiteral("Run"));
+
+    fraOverview =
+        Named(new QGroupBox(QStringLiteral("Service"), page), QStringLiteral("fraOverview"));
+    Place(fraOverview, 120, 120, 4080, 6600);
+    tvwRun = Named(new VBTreeWidget(fraOverview), QStringLiteral("tvwRun"));
+    Place(tvwRun, 120, 300, 3840, 6200);
+    tvwRun->setImageList(imlServiceItems);
+
+    fraMain = Named(new QGroupBox(QStringLiteral("Showing Now"), page), QStringLiteral("fraMain"));
+    Place(fraMain, 4320, 120, 4365, 4560);
+    CreateMainFrame();
+    CreateExtras();
+}
+
+// The frame "Showing Now": labels and part list, the prop details over the
+// part list, the mirror, the player, the buttons.
+void ctlRun::CreateMainFrame() {
+    lblSIType = NewLabel(fraMain, QStringLiteral("lblSIType"));
+    Place(lblSIType, 120, 270, 4125, 255);
+    QFont fntType = lblSIType->font();
+    fntType.setBold(true);
+    lblSIType->setFont(fntType);
+    lblSIDescription = NewLabel(fraMain, QStringLiteral("lblSIDescription"));
+    Place(lblSIDescription, 120, 540, 4125, 255);
+    lvwSIContent = NewListView(fraMain, QStringLiteral("lvwSIContent"));
+    Place(lvwSIContent, 120, 840, 4125, 1410);
+    lvwSIContent->setImageList(imlVerseChorus);
+    lvwSIContent->hide();
+
+    fraPropDetails = Named(new QGroupBox(fraMain), QStringLiteral("fraPropDetails"));
+    Place(fraPropDetails, 120, 840, 4125, 1410);
+    lblPropType = NewLabel(fraPropDetails, QStringLiteral("lblPropType"));
+    Place(lblPropType, 120, 240, 3885, 255);
+    lblPropType->setFont(fntType);
+    lblPropDescription = NewLabel(fraPropDetails, QStringLiteral("lblPropDescription"));
+    Place(lblPropDescription, 120, 495, 3885, 255);
+    lvwPropSIContent = NewListView(fraPropDetails, QStringLiteral("lvwPropSIContent"));
+    Place(lvwPropSIContent, 120, 780, 3885, 555);
+    lvwPropSIContent->setImageList(imlVerseChorus);
+    lvwPropSIContent->hide();
+    fraPropDetails->hide();
+
+    imgMirror = NewLabel(fraMain, QStringLiteral("imgMirror"));
+    Place(imgMirror, 120, 2340, 2040, 1530);
+    imgMirror->setScaledContents(true);
+    imgMirror->setFrameShape(QFrame::Box);
+    MediaPlayer2 = Named(new QWidget(fraMain), QStringLiteral("MediaPlayer2"));
+    Place(MediaPlayer2, 2280, 2340, 1965, 480);
+    MediaPlayer2->hide();
+
+    cmdMakeSmaller =
+        Named(new SSRibbon(QStringLiteral("-"), fraMain), QStringLiteral("cmdMakeSmaller"));
+    Place(cmdMakeSmaller, 2280, 2880, 480, 375);
+    cmdMakeSmaller->setToolTip(QStringLiteral("Smaller text on the projector"));
+    cmdMagnify = Named(new SSRibbon(QStringLiteral("+"), fraMain), QStringLiteral("cmdMagnify"));
+    Place(cmdMagnify, 2820, 2880, 480, 375);
+    cmdMagnify->setToolTip(QStringLiteral("Larger text on the projector"));
+    cmdShowProperties =
+        Named(new SSRibbon(QStringLiteral("?"), fraMain), QStringLiteral("cmdShowProperties"));
+    Place(cmdShowProperties, 3360, 2880, 480, 375);
+    cmdShowProperties->setToolTip(QStringLiteral("Properties of the service item"));
+    cmdRefresh =
+        Named(new QPushButton(QStringLiteral("&Refresh"), fraMain), QStringLiteral("cmdRefresh"));
+    Place(cmdRefresh, 2280, 3330, 1965, 375);
+    chkProjectorOn = Named(new QCheckBox(QStringLiteral("Projector On"), fraMain),
+                           QStringLiteral("chkProjectorOn"));
+    Place(chkProjectorOn, 2280, 3750, 1965, 255);
+
+    cmdBack =
+        Named(new QPushButton(QStringLiteral("<< &Back"), fraMain), QStringLiteral("cmdBack"));
+    Place(cmdBack, 120, 4050, 1335, 375);
+    cmdForward = Named(new QPushButton(QStringLiteral("&Forward >>"), fraMain),
+                       QStringLiteral("cmdForward"));
+    Place(cmdForward, 1515, 4050, 1335, 375);
+    cmdEnd = Named(new QPushButton(QStringLiteral("&End"), fraMain), QStringLiteral("cmdEnd"));
+    Place(cmdEnd, 2910, 4050, 1335, 375);
+}
+
+// The tab set below "Showing Now": the prop bag and the whole gallery.
+void ctlRun::CreateExtras() {
+    QWidget* page = SSTab1->widget(0);
+    ssTabExtras = Named(new SSTab(page), QStringLiteral("ssTabExtras"));
+    Place(ssTabExtras, 4320, 4800, 4365, 2000);
+    auto* propPage = new QWidget;
+    auto* galleryPage = new QWidget;
+    ssTabExtras->addTab(propPage, QStringLiteral("Prop Bag"));
+    ssTabExtras->addTab(galleryPage, QStringLiteral("&Other Service Items"));
+
+    lvwProps = NewListView(propPage, QStringLiteral("lvwProps"));
+    Place(lvwProps, 60, 60, 4185, 1500);
+    lvwProps->setImageList(imlServiceItems);
+    lvwProps->AddColumnHeader(QString(), QString(), 4125);
+    lvwProps->setHeaderHidden(true);
+
+    ctlServiceItemGallery1 =
+        Named(new ctlServiceItemGallery(galleryPage), QStringLiteral("ctlServiceItemGallery1"));
+    Place(ctlServiceItemGallery1, 60, 60, 4185, 1500);
+}
+
+void ctlRun::ConnectWidgets() {
+    connect(cmdForward, &QPushButton::clicked, this, &ctlRun::cmdForward_Click);
+    connect(cmdBack, &QPushButton::clicked, this, &ctlRun::cmdBack_Click);
+    connect(cmdEnd, &QPushButton::clicked, this, &ctlRun::cmdEnd_Click);
+    connect(cmdRefresh, &QPushButton::clicked, this, &ctlRun::cmdRefresh_Click);
+    connect(tvwRun, &QTreeWidget::itemClicked, this,
+            [this](QTreeWidgetItem* Node, int) { tvwRun_NodeClick(Node); });
+    connect(chkProjectorOn, &QCheckBox::toggled, this, &ctlRun::chkProjectorOn_Click);
+    connect(cmdShowProperties, &SSRibbon::Click, this, &ctlRun::cmdShowProperties_Click);
+    connect(cmdMagnify, &SSRibbon::Click, this, &ctlRun::cmdMagnify_Click);
+    connect(cmdMakeSmaller, &SSRibbon::Click, this, &ctlRun::cmdMakeSmaller_Click);
+    connect(SSTab1, &SSTab::Click, this, &ctlRun::SSTab1_Click);
+    connect(lvwSIContent, &QTreeWidget::itemClicked, this,
+            [this](QTreeWidgetItem* Item, int) { lvwSIContent_ItemClick(Item); });
+    connect(lvwPropSIContent, &QTreeWidget::itemClicked, this,
+            [this](QTreeWidgetItem* Item, int) { lvwPropSIContent_ItemClick(Item); });
+    connect(lvwProps, &QTreeWidget::itemDoubleClicked, this, [this] { lvwProps_DblClick(); });
+    connect(ctlServiceItemGallery1, &ctlServiceItemGallery::SIDblClicked, this,
+            &ctlRun::ctlServiceItemGallery1_SIDblClicked);
+}
+
+// ---------------------------------------------------------------- initialise
+
+void ctlRun::UserControl_Initialize() {
+    TraceLine("ctlRun", "UserControl_Initialize").Write();
+    // The prefix names ctlOptions: the handler came from there.
+    ErrorReport::TryErrorBox(
+        QStringLiteral("QVLTCONTROLS:ctlOptions:UserControl_Initialize : Error number is "), [&] {
+            SSTab1->setTabCaption(0, QString());
+            QString strErrorMessage;
+            LoadGeneralTab(strErrorMessage);
+            FindProjectorRect();
+        });
+}
+
+// Fetches the options record and lets it go: nothing here keeps a value.
+void ctlRun::LoadGeneralTab(QString& strErrorMessage) {
+    TraceLine("ctlRun", "LoadGeneralTab").Write();
+    ErrorReport::TryErrorReturn(
+        QStringLiteral("QVLTCONTROLS:ctlOptions:LoadGeneralTab: Error number is "), strErrorMessage,
+        [&] {
+            std::unique_ptr<Recordset> rs;
+            DataAccess::Instance().GetOptions(strErrorMessage, rs);
+        });
+}
+
+void ctlRun::SSTab1_Click(qint16 PreviousTab) {
+    ErrorReport::Guard([&] {
+        TraceLine("ctlRun", "SSTab1_Click").Arg(QStringLiteral("PreviousTab"), PreviousTab).Write();
+        if (SSTab1->Tab() == 0 && !m_blnGeneralTabLoaded) {
+            QString strErrorMessage;
+            LoadGeneralTab(strErrorMessage);
+        }
+    });
+}
+
+// ---------------------------------------------------------------- resize
+
+void ctlRun::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    UserControl_Resize();
+}
+
+// Units are twips. The scroll surface fills the control; the caption and the
+// tab set widen with it beyond the designed width, and the tab set, the two
+// frames on it and their lists reach down to the bottom.
+void ctlRun::UserControl_Resize() {
+    TraceLine("ctlRun", "UserControl_Resize").Write();
+    ErrorReport::TryErrorBox(
+        QStringLiteral("QVLTCONTROLS:ctlOptions:UserControl_Resize : Error number is "), [&] {
+            SSScroll1->setGeometry(rect());
+            const qint32 lngScrollWidth = TwipsWidth(SSScroll1);
+            const qint32 lngScrollHeight = TwipsHeight(SSScroll1);
+            const bool blnBar = lngScrollWidth < ScrollAreaWidth;
+            const bool blnScrollsDown = lngScrollHeight < ScrollAreaHeight;
+            SSScroll1->widget()->resize(
+                Twips::ToPixels(std::max(lngScrollWidth, ScrollAreaWidth)),
+                Twips::ToPixels(std::max(lngScrollHeight, ScrollAreaHeight)));
+
+            const qint32 lngWidth = std::max(lngScrollWidth, ScrollAreaWidth);
+            SetTwipsWidth(fraMainCaption, lngWidth);
+            SetTwipsWidth(SSTab1, lngWidth);
+
+            const qint32 lngTop = Twips::FromPixels(SSTab1->y());
+            if (!blnScrollsDown)
+                SetTwipsHeight(SSTab1, lngScrollHeight - lngTop - (blnBar ? 400 : 0));
+            else
+                SetTwipsHeight(SSTab1, ScrollAreaHeight - lngTop - (blnBar ? 500 : 200));
+
+            KeepGapToBottom(fraOverview, SSTab1, 200);
+            KeepGapToBottom(ssTabExtras, SSTab1, 200);
+            KeepGapToBottom(tvwRun, fraOverview, 100);
+            KeepGapToBottom(lvwProps, ssTabExtras, 100);
+            KeepGapToBottom(ctlServiceItemGallery1, ssTabExtras, 100);
+        });
+}
+
+// ---------------------------------------------------------------- show, keys
+
+void ctlRun::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (m_blnShown)
+        return;
+    m_blnShown = true;
+    ErrorReport::Guard([&] { UserControl_Show(); });
+}
+
+// Key releases anywhere in the console that its children leave alone come
+// here, as the control's KeyUp.
+void ctlRun::keyReleaseEvent(QKeyEvent* event) {
+    const qint16 KeyCode = KeyCodes::FromEvent(*event);
+    const qint16 Shift = KeyCodes::ShiftState(event->modifiers());
+    ErrorReport::Guard([&] { UserControl_KeyUp(KeyCode, Shift); });
+    event->accept();
+}

@@ -1,0 +1,193 @@
+// The operator's actions: navigation buttons, size buttons, keys, projector,
+// and the host's calls that answer them.
+#include "run/ctlRun.h"
+
+#include "foundations/ErrorReport.h"
+#include "foundations/KeyCodes.h"
+#include "foundations/Platform.h"
+#include "foundations/SSRibbon.h"
+#include "foundations/TraceLine.h"
+#include "foundations/VBRuntime.h"
+#include "foundations/VBTreeWidget.h"
+#include "galleries/ctlServiceItemGallery.h"
+
+#include <QCheckBox>
+#include <QPushButton>
+
+namespace {
+
+// Runs a navigation press: the button is disabled for the whole time the
+// host works, so that a second press cannot arrive from it, and enabled again
+// also when the host's answer fails.
+template <class F> void WhileDisabled(QPushButton* cmd, F&& raise) {
+    cmd->setEnabled(false);
+    try {
+        Platform::Current().DoEvents();
+        raise();
+    } catch (...) {
+        cmd->setEnabled(true);
+        throw;
+    }
+    cmd->setEnabled(true);
+}
+
+} // namespace
+
+void ctlRun::cmdForward_Click() {
+    ErrorReport::Guard([&] {
+        TraceLine("ctlRun", "cmdForward_Click").Write();
+        WhileDisabled(cmdForward, [&] { emit ShowNextClicked(); });
+        Platform::Current().DoEvents();
+        RefreshScreenMirror();
+    });
+}
+
+void ctlRun::cmdBack_Click() {
+    ErrorReport::Guard([&] {
+        TraceLine("ctlRun", "cmdBack_Click").Write();
+        WhileDisabled(cmdBack, [&] { emit ShowPreviousClicked(); });
+        Platform::Current().DoEvents();
+        RefreshScreenMirror();
+    });
+}
+
+void ctlRun::cmdEnd_Click() {
+    ErrorReport::Guard([&] {
+        TraceLine("ctlRun", "cmdEnd_Click").Write();
+        emit EndRun();
+        RefreshScreenMirror();
+    });
+}
+
+void ctlRun::cmdRefresh_Click() {
+    ErrorReport::Guard([&] {
+        TraceLine("ctlRun", "cmdRefresh_Click").Write();
+        RefreshScreenMirror();
+        cmdForward->setFocus();
+    });
+}
+
+// The host hears the item index (the root is 0) and usually calls
+// ShowServiceSIAsRunning; the clicked node is bold afterwards either way.
+void ctlRun::tvwRun_NodeClick(QTreeWidgetItem* Node) {
+    ErrorReport::Guard([&] {
+        TraceLine("ctlRun", "tvwRun_NodeClick").Write();
+        VBNode node(Node);
+        emit ShowServiceSI(VB::CInt(node.Index() - 1));
+        ClearBoldNodes();
+        node.setBold(true);
+        RefreshScreenMirror();
+    });
+}
+
+// Runs on every change of the value, by the operator or by
+// ProjectorTurnedOn/Off.
+void ctlRun::chkProjectorOn_Click() {
+    ErrorReport::Guard([&] {
+        TraceLine("ctlRun", "chkProjectorOn_Click").Write();
+        if (chkProjectorOn->checkState() == Qt::Checked)
+            emit TurnOnProjector();
+        else
+            emit TurnOffProjector();
+    });
+}
+
+// The three ribbon buttons act when pressed in, and spring back at once;
+// springing back runs the handler again with Value False, which does nothing.
+void ctlRun::cmdShowProperties_Click(bool Value) {
+    ErrorReport::Guard([&] {
+        TraceLine("ctlRun", "cmdShowProperties_Click").Arg(QStringLiteral("Value"), Value).Write();
+        if (!Value)
+            return;
+        cmdShowProperties->setValue(false);
+        emit ShowPropButtonClicked();
+    });
+}
+
+void ctlRun::cmdMagnify_Click(bool Value) {
+    ErrorReport::Guard([&] {
+        TraceLine("ctlRun", "cmdMagnify_Click").Arg(QStringLiteral("Value"), Value).Write();
+        if (!Value)
+            return;
+        cmdMagnify->setValue(false);
+        emit IncreaseSize();
+        cmdForward->setFocus();
+        RefreshScreenMirror();
+    });
+}
+
+// Unlike cmdMagnify, pumps messages before the mirror is refreshed.
+void ctlRun::cmdMakeSmaller_Click(bool Value) {
+    ErrorReport::Guard([&] {
+        TraceLine("ctlRun", "cmdMakeSmaller_Click").Arg(QStringLiteral("Value"), Value).Write();
+        if (!Value)
+            return;
+        cmdMakeSmaller->setValue(false);
+        emit DecreaseSize();
+        cmdForward->setFocus();
+        Platform::Current().DoEvents();
+        RefreshScreenMirror();
+    });
+}
+
+// 187 (the "=" / "+" key) presses cmdMagnify, 189 (the "-" key) presses
+// cmdMakeSmaller, with or without Shift; no other key does anything.
+void ctlRun::UserControl_KeyUp(qint16 KeyCode, qint16 Shift) {
+    TraceLine("ctlRun", "UserControl_KeyUp")
+        .Arg(QStringLiteral("KeyCode"), KeyCode)
+        .Arg(QStringLiteral("Shift"), Shift)
+        .Write();
+    if (KeyCode == KeyCodes::vbKeyEquals)
+        cmdMagnify->setValue(true);
+    else if (KeyCode == KeyCodes::vbKeyMinus)
+        cmdMakeSmaller->setValue(true);
+}
+
+void ctlRun::UserControl_Show() {
+    TraceLine("ctlRun", "UserControl_Show").Write();
+    ctlServiceItemGallery1->ShowServiceItems();
+}
+
+// Yes ends what runs: a prop first (a press of cmdEnd while its caption is
+// "&End Prop"), then the run. So a prop run raises EndRun twice.
+bool ctlRun::CanUnload() {
+    TraceLine("ctlRun", "CanUnload").Write();
+    const qint32 intAnswer = Platform::Current().MsgBox(
+        QStringLiteral("Do you want to stop running this item?"), vbYesNo, QString());
+    if (intAnswer != vbYes)
+        return false;
+    if (cmdEnd->text() == QStringLiteral("&End Prop"))
+        cmdEnd->click();
+    cmdEnd->click();
+    return true;
+}
+
+// ---------------------------------------------------------------- host calls
+
+void ctlRun::AtEndOfSI() {
+    TraceLine("ctlRun", "AtEndOfSI").Write();
+    cmdForward->setToolTip(QStringLiteral("&Finish this Service Item"));
+    RefreshScreenMirror();
+}
+
+// Setting the check box raises TurnOnProjector (TurnOffProjector) once more
+// when the value changes; a second call with the same value raises nothing.
+void ctlRun::ProjectorTurnedOn() {
+    TraceLine("ctlRun", "ProjectorTurnedOn").Write();
+    chkProjectorOn->setCheckState(Qt::Checked);
+    RefreshScreenMirror();
+}
+
+void ctlRun::ProjectorTurnedOff() {
+    TraceLine("ctlRun", "ProjectorTurnedOff").Write();
+    chkProjectorOn->setCheckState(Qt::Unchecked);
+    RefreshScreenMirror();
+}
+
+void ctlRun::JustIncreasedSize() {
+    TraceLine("ctlRun", "JustIncreasedSize").Write();
+}
+
+void ctlRun::JustDecreasedSize() {
+    TraceLine("ctlRun", "JustDecreasedSize").Write();
+}
