@@ -107,16 +107,23 @@ int siblingIndex(QTreeWidgetItem* item) {
 }
 } // namespace
 
-VBNode VBNode::Next() const { return VBNode(sibling(checked(), siblingIndex(m_item) + 1)); }
+VBNode VBNode::Next() const {
+    QTreeWidgetItem* item = checked(); // before the walk: Nothing raises 91
+    return VBNode(sibling(item, siblingIndex(item) + 1));
+}
 
-VBNode VBNode::Previous() const { return VBNode(sibling(checked(), siblingIndex(m_item) - 1)); }
+VBNode VBNode::Previous() const {
+    QTreeWidgetItem* item = checked();
+    return VBNode(sibling(item, siblingIndex(item) - 1));
+}
 
 VBNode VBNode::Parent() const { return VBNode(checked()->parent()); }
 
 VBNode VBNode::FirstSibling() const { return VBNode(sibling(checked(), 0)); }
 
 VBNode VBNode::LastSibling() const {
-    return VBNode(sibling(checked(), siblingCount(m_item) - 1));
+    QTreeWidgetItem* item = checked();
+    return VBNode(sibling(item, siblingCount(item) - 1));
 }
 
 VBNode VBNode::Root() const {
@@ -360,6 +367,15 @@ void VBTreeWidget::SortChildren(QTreeWidgetItem* parent, VBTreeWidget* tree) {
         for (int i = 0; i < item->childCount(); ++i)
             note(item->child(i));
     };
+    // Noted while the items are still in the view: a taken item is never
+    // expanded.
+    if (parent) {
+        for (int i = 0; i < parent->childCount(); ++i)
+            note(parent->child(i));
+    } else {
+        for (int i = 0; i < tree->topLevelItemCount(); ++i)
+            note(tree->topLevelItem(i));
+    }
     ++tree->m_reordering;
     QList<QTreeWidgetItem*> items;
     if (parent) {
@@ -368,8 +384,6 @@ void VBTreeWidget::SortChildren(QTreeWidgetItem* parent, VBTreeWidget* tree) {
         while (tree->topLevelItemCount() > 0)
             items.append(tree->takeTopLevelItem(0));
     }
-    for (QTreeWidgetItem* item : items)
-        note(item);
     std::stable_sort(items.begin(), items.end(), [](QTreeWidgetItem* a, QTreeWidgetItem* b) {
         return a->text(0).compare(b->text(0), Qt::CaseInsensitive) < 0;
     });

@@ -1,0 +1,70 @@
+// Image lists: pictures numbered from 1 in the order added, each with an
+// optional key.
+#include "foundations/StandardIcons.h"
+#include "foundations/VBError.h"
+#include "foundations/VBImageList.h"
+
+#include <QTest>
+
+namespace {
+template <class F> qint32 errorOf(F&& f) {
+    try {
+        f();
+    } catch (const VBError& e) {
+        return e.Number;
+    }
+    return 0;
+}
+} // namespace
+
+class tst_VBImageList : public QObject {
+    Q_OBJECT
+private slots:
+    void picturesAreNumberedAndKeyed();
+    void duplicateKeyRaises35602();
+    void missingKeyRaises35601AndBadIndex35600();
+    void clearEmptiesTheList();
+};
+
+void tst_VBImageList::picturesAreNumberedAndKeyed() {
+    VBImageList iml(QStringLiteral("ImageList1"));
+    QCOMPARE(iml.objectName(), QStringLiteral("ImageList1"));
+    QCOMPARE(iml.Add(QStringLiteral("imgFolderClosed"), StandardIcons::FolderClosed()), 1);
+    QCOMPARE(iml.Add(QString(), StandardIcons::ServiceTemplate()), 2);
+    QCOMPARE(iml.Count(), 2);
+    QCOMPARE(iml.ListImage(1).toImage(), StandardIcons::FolderClosed().toImage());
+    QCOMPARE(iml.ListImage(QStringLiteral("imgFolderClosed")).toImage(),
+             StandardIcons::FolderClosed().toImage());
+    QCOMPARE(iml.ListImage(QVariant(2)).toImage(), StandardIcons::ServiceTemplate().toImage());
+    QVERIFY(iml.HasKey(QStringLiteral("imgFolderClosed")));
+    QCOMPARE(iml.Key(2), QString());
+    QVERIFY(!iml.Icon(1).isNull());
+}
+
+void tst_VBImageList::duplicateKeyRaises35602() {
+    VBImageList iml(QStringLiteral("ImageList1"));
+    iml.Add(QStringLiteral("imgVerse"), StandardIcons::Verse());
+    QCOMPARE(errorOf([&] { iml.Add(QStringLiteral("imgVerse"), StandardIcons::Chorus()); }),
+             VBErr::KeyNotUnique);
+    QCOMPARE(iml.Count(), 1);
+}
+
+void tst_VBImageList::missingKeyRaises35601AndBadIndex35600() {
+    VBImageList iml(QStringLiteral("ImageList1"));
+    iml.Add(QStringLiteral("imgVerse"), StandardIcons::Verse());
+    QCOMPARE(errorOf([&] { iml.ListImage(QStringLiteral("imgChorus")); }), VBErr::ElementNotFound);
+    QCOMPARE(errorOf([&] { iml.ListImage(0); }), VBErr::IndexOutOfBounds);
+    QCOMPARE(errorOf([&] { iml.ListImage(2); }), VBErr::IndexOutOfBounds);
+    QCOMPARE(errorOf([&] { iml.Key(5); }), VBErr::IndexOutOfBounds);
+}
+
+void tst_VBImageList::clearEmptiesTheList() {
+    VBImageList iml(QStringLiteral("ImageList1"));
+    StandardIcons::FillVerseChorusImages(iml);
+    iml.Clear();
+    QCOMPARE(iml.Count(), 0);
+    QVERIFY(!iml.HasKey(QStringLiteral("imgVerse")));
+}
+
+QTEST_MAIN(tst_VBImageList)
+#include "tst_VBImageList.moc"
