@@ -1,13 +1,6 @@
-#include <QApplication>
-#include <QLabel>
+#include "HostApp.h"
 
-// Corvantis starts here; the main window grows as the controls land.
+// Corvantis starts here; everything else lives in the corvantis_host library.
 int main(int argc, char* argv[]) {
-    QApplication app(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("Corvantis"));
-    QLabel window(QStringLiteral("Corvantis"));
-    window.setWindowTitle(QStringLiteral("Corvantis"));
-    window.resize(800, 600);
-    window.show();
-    return QApplication::exec();
+    return CorvantisMain(argc, argv);
 }

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "StartUp.h"
+
+#include <QMainWindow>
+#include <QPointer>
+
+#include <functional>
+
+class HostPage;
+class OptionsPage;
+class QAction;
+class QActionGroup;
+class QMenu;
+class QStackedWidget;
+class QToolBar;
+class RunSession;
+class ServiceItemsPage;
+class ServicesPage;
+class ShortListsPage;
+class TemplatesPage;
+
+// The main window of Corvantis: a navigation bar (Services, Service Items,
+// Templates, Short-lists, Options), the page of the chosen entry (a gallery on
+// the left, the matching editor or list on the right), and the menus File,
+// View, Run and Help. While a run goes on the console takes the place of the
+// pages and the projector window shows the run.
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+public:
+    explicit MainWindow(const StartUp& startUp, QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+    // ---- Pages -----------------------------------------------------------------
+    // Shows the page of that name ("Services", "ServiceItems", "Templates",
+    // "ShortLists", "Options") once the page in view agreed to be left.
+    bool ShowPage(const QString& strName);
+    HostPage* CurrentPage() const;
+    HostPage* Page(const QString& strName) const;
+    // The page that Options/StartupTab names; "Services" when it names none.
+    static QString PageForStartupTab(const QString& strStartupTab);
+
+    // ---- Runs (MainWindow_Run.cpp) ---------------------------------------------
+    bool RunService(qint32 lngServiceID);
+    bool RunServiceItem(qint32 lngServiceItemID);
+    RunSession* Session() const;
+    bool IsRunning() const;
+    // Ends the run in progress, as the console's End does.
+    void EndRun();
+
+    // ---- Help (MainWindow_Menus.cpp) -------------------------------------------
+    void ShowAbout();
+    static QString AboutText();
+
+    ServicesPage* pgServices;
+    ServiceItemsPage* pgServiceItems;
+    TemplatesPage* pgTemplates;
+    ShortListsPage* pgShortLists;
+    OptionsPage* pgOptions;
+    QToolBar* tbrNavigation;
+    QActionGroup* grpNavigation;
+    QStackedWidget* stkPages;
+    QMenu* mnuFile = nullptr;
+    QMenu* mnuView = nullptr;
+    QMenu* mnuRun = nullptr;
+    QMenu* mnuRunService = nullptr;
+    QMenu* mnuHelp = nullptr;
+    QAction* mnuRunSelectedService = nullptr;
+    QAction* mnuRunSelectedServiceItem = nullptr;
+    QAction* mnuEndRun = nullptr;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void CreatePages();
+    void CreateNavigation();
+    void CreateMenus();
+    void CreateFileMenu();
+    void CreateViewMenu();
+    void CreateRunMenu();
+    void CreateHelpMenu();
+    void mnuRunService_AboutToShow();
+    void mnuRunSelectedService_Click();
+    void mnuRunSelectedServiceItem_Click();
+    void UpdateRunActions();
+    bool StartSession(const std::function<bool(RunSession&, QString&)>& start);
+    void Session_Ended();
+    void ShowRunFailure(const QString& strErrorMessage);
+
+    StartUp m_startUp;
+    QList<HostPage*> m_pages;
+    QPointer<RunSession> m_session;
+    QWidget* m_pageBeforeRun = nullptr;
+};

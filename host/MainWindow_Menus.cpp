@@ -1,0 +1,143 @@
+#include "MainWindow.h"
+
+#include "DataAccess.h"
+#include "RunSession.h"
+#include "ServiceItemsPage.h"
+#include "ServicesPage.h"
+#include "foundations/ErrorReport.h"
+#include "foundations/Platform.h"
+#include "foundations/VBRuntime.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QApplication>
+#include <QMenu>
+#include <QMenuBar>
+#include <QToolBar>
+
+namespace {
+
+template <class F> void onTriggered(QAction* action, QObject* context, F f) {
+    QObject::connect(action, &QAction::triggered, context, [f] { ErrorReport::Guard(f); });
+}
+
+QAction* addNamed(QMenu* menu, const QString& name, const QString& text) {
+    QAction* action = menu->addAction(text);
+    action->setObjectName(name);
+    return action;
+}
+
+} // namespace
+
+void MainWindow::CreateMenus() {
+    CreateFileMenu();
+    CreateViewMenu();
+    CreateRunMenu();
+    CreateHelpMenu();
+}
+
+void MainWindow::CreateFileMenu() {
+    mnuFile = menuBar()->addMenu(QStringLiteral("&File"));
+    mnuFile->setObjectName(QStringLiteral("mnuFile"));
+    QAction* exit = addNamed(mnuFile, QStringLiteral("mnuFileExit"), QStringLiteral("E&xit"));
+    exit->setShortcut(QKeySequence::Quit);
+    onTriggered(exit, this, [this] { close(); });
+}
+
+void MainWindow::CreateViewMenu() {
+    mnuView = menuBar()->addMenu(QStringLiteral("&View"));
+    mnuView->setObjectName(QStringLiteral("mnuView"));
+    for (QAction* navigation : grpNavigation->actions()) {
+        QAction* action =
+            addNamed(mnuView, QStringLiteral("mnuView") + navigation->objectName().mid(3),
+                     navigation->text());
+        onTriggered(action, this, [navigation] { navigation->trigger(); });
+    }
+}
+
+void MainWindow::CreateRunMenu() {
+    mnuRun = menuBar()->addMenu(QStringLiteral("&Run"));
+    mnuRun->setObjectName(QStringLiteral("mnuRun"));
+    mnuRunService = mnuRun->addMenu(QStringLiteral("Run &Service"));
+    mnuRunService->setObjectName(QStringLiteral("mnuRunService"));
+    connect(mnuRunService, &QMenu::aboutToShow, this,
+            [this] { ErrorReport::Guard([this] { mnuRunService_AboutToShow(); }); });
+    mnuRunSelectedService = addNamed(mnuRun, QStringLiteral("mnuRunSelectedService"),
+                                     QStringLiteral("Run the Selected Ser&vice"));
+    mnuRunSelectedService->setShortcut(QKeySequence(Qt::Key_F5));
+    onTriggered(mnuRunSelectedService, this, [this] { mnuRunSelectedService_Click(); });
+    mnuRunSelectedServiceItem = addNamed(mnuRun, QStringLiteral("mnuRunSelectedServiceItem"),
+                                         QStringLiteral("Run the Selected Service &Item"));
+    mnuRunSelectedServiceItem->setShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F5));
+    onTriggered(mnuRunSelectedServiceItem, this, [this] { mnuRunSelectedServiceItem_Click(); });
+    mnuRun->addSeparator();
+    mnuEndRun = addNamed(mnuRun, QStringLiteral("mnuEndRun"), QStringLiteral("&End the Run"));
+    onTriggered(mnuEndRun, this, [this] {
+        if (m_session && m_session->CanUnload())
+            EndRun();
+    });
+    UpdateRunActions();
+}
+
+void MainWindow::CreateHelpMenu() {
+    mnuHelp = menuBar()->addMenu(QStringLiteral("&Help"));
+    mnuHelp->setObjectName(QStringLiteral("mnuHelp"));
+    QAction* about =
+        addNamed(mnuHelp, QStringLiteral("mnuHelpAbout"), QStringLiteral("&About Corvantis"));
+    onTriggered(about, this, [this] { ShowAbout(); });
+}
+
+// The services of the database, one entry each, newest first.
+void MainWindow::mnuRunService_AboutToShow() {
+    mnuRunService->clear();
+    DataAccess& da = DataAccess::Instance();
+    QString err;
+    std::unique_ptr<Recordset> rs;
+    da.GetServices(QString(), 4, err, rs);
+    if (!err.isEmpty() || !rs || rs->RecordCount() == 0) {
+        mnuRunService->addAction(err.isEmpty() ? QStringLiteral("(no services)") : err)
+            ->setEnabled(false);
+        return;
+    }
+    for (rs->MoveFirst(); !rs->Eof(); rs->MoveNext()) {
+        const qint32 id = rs->Fields(QStringLiteral("ServiceID")).toInt();
+        QString name = VB::Text(rs->Fields(QStringLiteral("ServiceName")));
+        if (name.contains(QStringLiteral("@@")))
+            da.DecodeStoredText(VB::Text(rs->Fields(QStringLiteral("ServiceName"))), err, name);
+        QAction* action =
+            mnuRunService->addAction(name.isEmpty() ? QStringLiteral("(no name)") : name);
+        action->setObjectName(QStringLiteral("mnuRunService%1").arg(id));
+        action->setEnabled(!IsRunning());
+        onTriggered(action, this, [this, id] { RunService(id); });
+    }
+}
+
+void MainWindow::mnuRunSelectedService_Click() {
+    RunService(pgServices->SelectedServiceID());
+}
+
+void MainWindow::mnuRunSelectedServiceItem_Click() {
+    RunServiceItem(pgServiceItems->SelectedServiceItemID());
+}
+
+void MainWindow::UpdateRunActions() {
+    if (!mnuEndRun)
+        return;
+    const bool running = IsRunning();
+    mnuRunSelectedService->setEnabled(!running);
+    mnuRunSelectedServiceItem->setEnabled(!running);
+    mnuEndRun->setEnabled(running);
+    tbrNavigation->setEnabled(!running);
+    mnuView->setEnabled(!running);
+}
+
+QString MainWindow::AboutText() {
+    return QStringLiteral(
+               "Corvantis %1\n\nPlans services of worship and runs them on a projector.\n\n"
+               "Database: %2")
+        .arg(QCoreApplication::applicationVersion(), DataAccess::Instance().DatabasePath());
+}
+
+void MainWindow::ShowAbout() {
+    Platform::Current().MsgBox(AboutText(), vbInformation, QStringLiteral("About Corvantis"));
+}

@@ -1,0 +1,81 @@
+#include "MainWindow.h"
+
+#include "DataAccess.h"
+#include "HostPage.h"
+#include "RunSession.h"
+#include "foundations/ErrorReport.h"
+#include "foundations/Platform.h"
+#include "run/ctlRun.h"
+
+#include <QStackedWidget>
+#include <QToolBar>
+
+RunSession* MainWindow::Session() const {
+    return m_session.data();
+}
+
+bool MainWindow::IsRunning() const {
+    return !m_session.isNull();
+}
+
+bool MainWindow::RunService(qint32 lngServiceID) {
+    return lngServiceID != 0 && StartSession([lngServiceID](RunSession& session, QString& err) {
+               return session.StartService(lngServiceID, err);
+           });
+}
+
+bool MainWindow::RunServiceItem(qint32 lngServiceItemID) {
+    return lngServiceItemID != 0 &&
+           StartSession([lngServiceItemID](RunSession& session, QString& err) {
+               return session.StartServiceItem(lngServiceItemID, err);
+           });
+}
+
+// The page in view is asked first; the console then takes its place until the
+// run ends.
+bool MainWindow::StartSession(const std::function<bool(RunSession&, QString&)>& start) {
+    if (IsRunning())
+        return false;
+    HostPage* current = CurrentPage();
+    if (current && !current->CanUnload())
+        return false;
+    auto* session = new RunSession(stkPages, this);
+    QString err;
+    if (!start(*session, err)) {
+        delete session;
+        ShowRunFailure(err);
+        return false;
+    }
+    m_session = session;
+    m_pageBeforeRun = stkPages->currentWidget();
+    stkPages->addWidget(session->Console());
+    stkPages->setCurrentWidget(session->Console());
+    connect(session, &RunSession::Ended, this,
+            [this] { ErrorReport::Guard([this] { Session_Ended(); }); });
+    UpdateRunActions();
+    return true;
+}
+
+void MainWindow::EndRun() {
+    if (m_session)
+        m_session->End();
+}
+
+void MainWindow::Session_Ended() {
+    RunSession* session = m_session;
+    m_session = nullptr;
+    if (session) {
+        if (session->Console())
+            stkPages->removeWidget(session->Console());
+        session->deleteLater();
+    }
+    if (m_pageBeforeRun)
+        stkPages->setCurrentWidget(m_pageBeforeRun);
+    m_pageBeforeRun = nullptr;
+    UpdateRunActions();
+}
+
+void MainWindow::ShowRunFailure(const QString& strErrorMessage) {
+    Platform::Current().MsgBox(QStringLiteral("The run could not start: ") + strErrorMessage,
+                               vbExclamation);
+}

@@ -1,0 +1,162 @@
+#include "RunController.h"
+
+#include "RunEngine.h"
+#include "foundations/ErrorReport.h"
+#include "foundations/TraceLine.h"
+#include "run/ctlRun.h"
+
+#include <QCheckBox>
+#include <QPushButton>
+
+RunController::RunController(RunEngine& engine, ctlRun* console, QObject* parent)
+    : QObject(parent), m_engine(engine), m_console(console) {
+    Connect();
+}
+
+void RunController::RunStarted() {
+    if (m_engine.AtEndOfItem())
+        TellEndOfItem();
+}
+
+void RunController::TellEndOfItem() {
+    if (m_console)
+        m_console->AtEndOfSI();
+}
+
+// Another part of the same item (or prop) shows.
+void RunController::TellPart() {
+    if (m_console) {
+        const Slide& slide = m_engine.CurrentSlide();
+        m_console->SIPartChanged(m_engine.CurrentPart() + 1, static_cast<qint16>(slide.partType));
+    }
+    if (m_engine.AtEndOfItem())
+        TellEndOfItem();
+}
+
+// Another item of the service shows, at the part the engine put up.
+void RunController::TellItem() {
+    if (m_console) {
+        m_console->ShowServiceSIAsRunning(static_cast<qint16>(m_engine.CurrentItem() + 1), 0, 0);
+        if (m_engine.CurrentPart() > 0)
+            m_console->SIPartChanged(m_engine.CurrentPart() + 1,
+                                     static_cast<qint16>(m_engine.CurrentSlide().partType));
+    }
+    if (m_engine.AtEndOfItem())
+        TellEndOfItem();
+}
+
+void RunController::PropEnded() {
+    if (!m_console)
+        return;
+    m_console->PropRunEnded();
+    // The main item's labels come back, as they were before the prop.
+    if (m_engine.IsServiceRun() && !m_engine.AtEndOfService())
+        TellItem();
+}
+
+void RunController::ShowNextClicked() {
+    switch (m_engine.Next()) {
+    case RunEngine::Step::Part:
+        TellPart();
+        break;
+    case RunEngine::Step::Item:
+        TellItem();
+        break;
+    case RunEngine::Step::PropEnded:
+        PropEnded();
+        break;
+    case RunEngine::Step::ServiceEnded:
+    case RunEngine::Step::Nothing:
+        break;
+    }
+}
+
+void RunController::ShowPreviousClicked() {
+    switch (m_engine.Previous()) {
+    case RunEngine::Step::Part:
+        TellPart();
+        break;
+    case RunEngine::Step::Item:
+        TellItem();
+        break;
+    default:
+        break;
+    }
+}
+
+void RunController::ShowServiceSI(qint16 intIndex) {
+    // The root (0) names no item: the projector stays as it is.
+    if (intIndex < 1 || m_engine.IsPropRunning())
+        return;
+    if (m_engine.JumpToItem(intIndex - 1))
+        TellItem();
+}
+
+void RunController::ShowVerse(qint16 intVerseIndex) {
+    if (m_engine.IsPropRunning())
+        return;
+    if (m_engine.JumpToPart(intVerseIndex))
+        TellPart();
+}
+
+void RunController::ShowPropVerse(qint16 intVerseIndex) {
+    if (!m_engine.IsPropRunning())
+        return;
+    if (m_engine.JumpToPart(intVerseIndex))
+        TellPart();
+}
+
+void RunController::ShowSI(qint32 lngSIID) {
+    QString err;
+    if (m_engine.IsServiceRun()) {
+        if (!m_engine.StartProp(lngSIID, err))
+            TraceLine::WithPrefix(QStringLiteral("Corvantis:RunController:ShowSI"))
+                .Arg(QStringLiteral("strErrorMessage"), err)
+                .Write();
+        else if (m_engine.AtEndOfItem())
+            TellEndOfItem();
+        return;
+    }
+    // One item by itself: the new item takes its place.
+    if (m_engine.LoadItem(lngSIID, err))
+        RunStarted();
+}
+
+void RunController::EndRun() {
+    if (m_engine.IsPropRunning()) {
+        m_engine.EndProp();
+        PropEnded();
+        return;
+    }
+    emit RunEndRequested();
+}
+
+void RunController::TurnOnProjector() {
+    m_engine.SetBlackedOut(false);
+    if (m_console && !m_inProjectorCall) {
+        m_inProjectorCall = true;
+        m_console->ProjectorTurnedOn();
+        m_inProjectorCall = false;
+    }
+}
+
+void RunController::TurnOffProjector() {
+    m_engine.SetBlackedOut(true);
+    if (m_console && !m_inProjectorCall) {
+        m_inProjectorCall = true;
+        m_console->ProjectorTurnedOff();
+        m_inProjectorCall = false;
+    }
+}
+
+void RunController::IncreaseSize() {
+    m_engine.IncreaseSize();
+    if (m_console)
+        m_console->JustIncreasedSize();
+}
+
+void RunController::DecreaseSize() {
+    m_engine.DecreaseSize();
+    if (m_console)
+        m_console->JustDecreasedSize();
+}

@@ -1,0 +1,103 @@
+#include "RunSession.h"
+
+#include "OperatorKeys.h"
+#include "ProjectorWindow.h"
+#include "RunController.h"
+#include "foundations/ErrorReport.h"
+#include "run/ctlRun.h"
+
+RunSession::RunSession(QWidget* consoleParent, QObject* parent) : QObject(parent) {
+    CreateParts(consoleParent);
+}
+
+RunSession::~RunSession() {
+    if (m_projector)
+        delete m_projector;
+    if (m_console)
+        m_console->deleteLater();
+}
+
+ProjectorWindow* RunSession::Projector() const {
+    return m_projector.data();
+}
+
+ctlRun* RunSession::Console() const {
+    return m_console.data();
+}
+
+void RunSession::CreateParts(QWidget* consoleParent) {
+    m_projector = new ProjectorWindow(m_engine);
+    if (consoleParent) {
+        m_console = new ctlRun(consoleParent);
+        m_console->setObjectName(QStringLiteral("ctlRun1"));
+        m_keys = new OperatorKeyFilter(this);
+        m_console->installEventFilter(m_keys);
+        for (QWidget* child : m_console->findChildren<QWidget*>())
+            child->installEventFilter(m_keys);
+    }
+    m_controller = new RunController(m_engine, m_console, this);
+    connect(m_projector, &ProjectorWindow::ActionPressed, m_controller,
+            &RunController::OperatorAction);
+    if (m_keys)
+        connect(m_keys, &OperatorKeyFilter::ActionPressed, m_controller,
+                &RunController::OperatorAction);
+    connect(m_controller, &RunController::RunEndRequested, this, [this] { End(); });
+    connect(&m_engine, &RunEngine::RunEnded, this,
+            [this] { ErrorReport::Guard([this] { Engine_RunEnded(); }); });
+}
+
+bool RunSession::Begin() {
+    m_projector->Place();
+    return true;
+}
+
+bool RunSession::StartService(qint32 lngServiceID, QString& strErrorMessage) {
+    QString lookErr;
+    m_engine.SetLook(RunLook::FromOptions(lookErr));
+    if (!m_engine.LoadService(lngServiceID, strErrorMessage))
+        return false;
+    if (m_engine.ItemCount() == 0) {
+        strErrorMessage = QStringLiteral("This service has nothing to show at run time.");
+        return false;
+    }
+    Begin();
+    if (m_console)
+        m_console->setRunningService(lngServiceID);
+    m_controller->RunStarted();
+    return true;
+}
+
+bool RunSession::StartServiceItem(qint32 lngServiceItemID, QString& strErrorMessage) {
+    QString lookErr;
+    m_engine.SetLook(RunLook::FromOptions(lookErr));
+    if (!m_engine.LoadItem(lngServiceItemID, strErrorMessage))
+        return false;
+    Begin();
+    if (m_console)
+        m_console->ShowSIAsRunning(lngServiceItemID, false);
+    m_controller->RunStarted();
+    return true;
+}
+
+bool RunSession::CanUnload() {
+    if (m_ended || !m_console)
+        return true;
+    return m_console->CanUnload();
+}
+
+void RunSession::End() {
+    if (m_ended)
+        return;
+    m_engine.EndRun();
+    if (!m_ended) // a run that never started
+        Engine_RunEnded();
+}
+
+void RunSession::Engine_RunEnded() {
+    if (m_ended)
+        return;
+    m_ended = true;
+    if (m_projector)
+        m_projector->CloseProjector();
+    emit Ended();
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+class QImage;
+class QTextStream;
+struct StartUp;
+
+// The --screenshot mode: draws, without a display, the main window on each of
+// its pages and the projector picture (with the console beside it) of the
+// first parts of a sample service, into PNG files, so that anyone can check
+// what Corvantis draws. Returns the program's exit code.
+namespace Screenshot {
+
+// How many steps of the service are drawn.
+constexpr int Steps = 8;
+
+int Take(const QString& strFolder, const StartUp& startUp, QTextStream& log);
+// The service that the screenshots run: the first one with rows to show.
+qint32 SampleServiceID();
+// True when the picture holds more than one colour.
+bool IsNotBlank(const QImage& image);
+
+} // namespace Screenshot

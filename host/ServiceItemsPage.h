@@ -1,0 +1,34 @@
+#pragma once
+
+#include "HostPage.h"
+
+class ctlServiceItemGallery;
+
+// The service items of the church: the service item gallery on the left and
+// what its events tell on the right. The gallery's run button runs the item
+// by itself.
+class ServiceItemsPage : public HostPage {
+    Q_OBJECT
+public:
+    explicit ServiceItemsPage(QWidget* parent = nullptr);
+
+    // The item whose node was clicked last (0 when a group or nothing).
+    qint32 SelectedServiceItemID() const { return m_selected; }
+
+    ctlServiceItemGallery* ctlServiceItemGallery1;
+
+protected:
+    void Load() override;
+
+private:
+    void ctlServiceItemGallery1_SIClicked(const QString& strID, const QString& strDescription,
+                                          const QString& strWhereClauseInEffect,
+                                          const QString& strFilterInPlainEnglish,
+                                          const QString& strType);
+    void ctlServiceItemGallery1_SIDblClicked(qint32 SIId);
+    void ctlServiceItemGallery1_ToolBarButtonClicked(const QString& strButtonKey,
+                                                     qint32 lngSelectedServiceItem);
+    void ShowItem(qint32 lngServiceItemID, const QString& strDescription);
+
+    qint32 m_selected = 0;
+};
