@@ -99,3 +99,8 @@ inline QList<qint32> BoldSubItemRows(const VBTreeWidget* lvw) {
 inline qint32 TwipsOf(int intPixels) {
     return Twips::FromPixels(intPixels);
 }
+
+// Two lengths in twips that a widget can only show to the nearest pixel.
+inline bool WithinAPixel(qint32 lngTwips, qint32 lngExpected) {
+    return qAbs(lngTwips - lngExpected) < Twips::PerPixel;
+}
