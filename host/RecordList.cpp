@@ -35,7 +35,10 @@ QString RecordList::Reload() {
     for (rs->MoveFirst(); !rs->Eof(); rs->MoveNext()) {
         QStringList texts;
         for (const Column& column : m_columns) {
-            QString text = VB::Text(rs->Fields(column.field));
+            const QVariant value = rs->Fields(column.field);
+            QString text = value.typeId() == QMetaType::QDateTime
+                               ? VB::ShortDate(value.toDateTime().date())
+                               : VB::Text(value);
             if (text.contains(QStringLiteral("@@"))) {
                 QString decodeErr, decoded;
                 DataAccess::Instance().DecodeStoredText(text, decodeErr, decoded);

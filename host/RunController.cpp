@@ -1,12 +1,8 @@
 #include "RunController.h"
 
 #include "RunEngine.h"
-#include "foundations/ErrorReport.h"
 #include "foundations/TraceLine.h"
 #include "run/ctlRun.h"
-
-#include <QCheckBox>
-#include <QPushButton>
 
 RunController::RunController(RunEngine& engine, ctlRun* console, QObject* parent)
     : QObject(parent), m_engine(engine), m_console(console) {
@@ -14,6 +10,8 @@ RunController::RunController(RunEngine& engine, ctlRun* console, QObject* parent
 }
 
 void RunController::RunStarted() {
+    // The projector is on: the console's check box says so.
+    TurnOnProjector();
     if (m_engine.AtEndOfItem())
         TellEndOfItem();
 }
@@ -118,8 +116,8 @@ void RunController::ShowSI(qint32 lngSIID) {
         return;
     }
     // One item by itself: the new item takes its place.
-    if (m_engine.LoadItem(lngSIID, err))
-        RunStarted();
+    if (m_engine.LoadItem(lngSIID, err) && m_engine.AtEndOfItem())
+        TellEndOfItem();
 }
 
 void RunController::EndRun() {

@@ -3,7 +3,6 @@
 #include "OperatorKeys.h"
 
 #include <QObject>
-#include <QPointer>
 
 class ctlRun;
 class RunEngine;
@@ -31,7 +30,8 @@ public:
     ctlRun* Console() const { return m_console; }
 
     // After a load: the console has put the first item up by itself; the
-    // controller only says whether that item is already at its end.
+    // controller turns the projector on and says whether that item is
+    // already at its end.
     void RunStarted();
 
     // An operator key from the console or the projector window. With a

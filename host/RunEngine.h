@@ -82,6 +82,8 @@ public:
     // ServiceDateLastDelivered. strErrorMessage carries a failure to record it.
     void EndRun(QString& strErrorMessage);
     void EndRun();
+    // Whether the end of a service run is recorded (off for the screenshots).
+    void SetRecordsDelivery(bool blnRecords) { m_recordsDelivery = blnRecords; }
     // Writes dtmDate as ServiceDateLastDelivered of a service, keeping its
     // other details.
     static bool MarkServiceDelivered(qint32 lngServiceID, const QDate& dtmDate,
@@ -113,4 +115,5 @@ private:
     int m_propPart = 0;
     bool m_propRunning = false;
     bool m_blackedOut = false;
+    bool m_recordsDelivery = true;
 };

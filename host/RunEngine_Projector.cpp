@@ -37,7 +37,7 @@ void RunEngine::EndRun(QString& strErrorMessage) {
     const qint32 serviceId = m_serviceId;
     m_running = false;
     m_propRunning = false;
-    if (serviceId != 0)
+    if (serviceId != 0 && m_recordsDelivery)
         MarkServiceDelivered(serviceId, QDate::currentDate(), strErrorMessage);
     emit RunEnded();
 }

@@ -47,6 +47,7 @@ bool run(MainWindow& window, qint32 serviceId, const QDir& dir, QTextStream& log
         return false;
     }
     RunSession* session = window.Session();
+    session->Engine().SetRecordsDelivery(false); // a picture is no delivery
     session->Projector()->resize(ProjectorSize);
     bool ok = true;
     for (int step = 1; step <= Screenshot::Steps && !session->Engine().AtEndOfService(); ++step) {
