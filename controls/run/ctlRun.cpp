@@ -155,12 +155,12 @@ void ctlRun::CreateMainFrame() {
     fraPropDetails = Named(new QGroupBox(fraMain), QStringLiteral("fraPropDetails"));
     Place(fraPropDetails, 120, 840, 4125, 1410);
     lblPropType = NewLabel(fraPropDetails, QStringLiteral("lblPropType"));
-    Place(lblPropType, 120, 240, 3885, 255);
+    Place(lblPropType, 120, 210, 1380, 255);
     lblPropType->setFont(fntType);
     lblPropDescription = NewLabel(fraPropDetails, QStringLiteral("lblPropDescription"));
-    Place(lblPropDescription, 120, 495, 3885, 255);
+    Place(lblPropDescription, 1560, 210, 2445, 255);
     lvwPropSIContent = NewListView(fraPropDetails, QStringLiteral("lvwPropSIContent"));
-    Place(lvwPropSIContent, 120, 780, 3885, 555);
+    Place(lvwPropSIContent, 120, 495, 3885, 840);
     lvwPropSIContent->setImageList(imlVerseChorus);
     lvwPropSIContent->hide();
     fraPropDetails->hide();
