@@ -1,0 +1,81 @@
+// The trace log: where lines go, the error prefix, and the size cap with one rotated file.
+
+#include "Settings.h"
+#include "TraceLog.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+QString ReadFile(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return QString();
+    return QString::fromUtf8(file.readAll());
+}
+} // namespace
+
+class tst_TraceLog : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir m_dir;
+    QString m_saved;
+
+private slots:
+    void init() {
+        m_saved = qEnvironmentVariable("CORVANTIS_TRACE");
+        qputenv("CORVANTIS_TRACE", (m_dir.path() + "/Test.trace").toUtf8());
+        QFile::remove(m_dir.path() + "/Test.trace");
+        QFile::remove(m_dir.path() + "/Test.trace.1");
+        TraceLog::Instance().SetMaximumSize(5 * 1024 * 1024);
+    }
+    void cleanup() { qputenv("CORVANTIS_TRACE", m_saved.toUtf8()); }
+
+    void traceLineIsWrittenAsItIs() {
+        const QString line =
+            "QVLTCONTROLS:ctlRun:ShowSIAsRunning @ 29/10/03, 19:05:12: lngSIID = 5, ";
+        TraceLog::Instance().WriteTraceLine(line);
+        QCOMPARE(ReadFile(m_dir.path() + "/Test.trace"), line + "\n");
+    }
+
+    void errorLineGetsTheErrorPrefix() {
+        TraceLog::Instance().WriteErrorLine("RunningService: broken");
+        QCOMPARE(ReadFile(m_dir.path() + "/Test.trace"),
+                 QString("ERROR: RunningService: broken\n"));
+    }
+
+    void linesAreAppendedInOrder() {
+        TraceLog::Instance().WriteTraceLine("one");
+        TraceLog::Instance().WriteErrorLine("two");
+        TraceLog::Instance().WriteTraceLine("three");
+        QCOMPARE(ReadFile(m_dir.path() + "/Test.trace"), QString("one\nERROR: two\nthree\n"));
+    }
+
+    void fullFileIsRotatedOnceAndANewOneStarted() {
+        TraceLog::Instance().SetMaximumSize(100);
+        for (int i = 0; i < 30; ++i)
+            TraceLog::Instance().WriteTraceLine(QStringLiteral("line %1 of the trace").arg(i));
+        const QString current = ReadFile(m_dir.path() + "/Test.trace");
+        const QString rotated = ReadFile(m_dir.path() + "/Test.trace.1");
+        QVERIFY(current.endsWith("line 29 of the trace\n"));
+        QVERIFY(!rotated.isEmpty());
+        QVERIFY(QFileInfo(m_dir.path() + "/Test.trace").size() <= 100 + 40);
+        QVERIFY(!QFile::exists(m_dir.path() + "/Test.trace.2"));
+    }
+
+    void withoutTheVariableTheFileIsInTheDataFolder() {
+        qunsetenv("CORVANTIS_TRACE");
+        QCOMPARE(TraceLog::Instance().FilePath(), Settings::DataFolder() + "/Corvantis.trace");
+    }
+
+    void unwritableFileLosesTheLineAndNothingElse() {
+        qputenv("CORVANTIS_TRACE", "/proc/no/such/folder/x.trace");
+        TraceLog::Instance().WriteErrorLine("nowhere to go");
+        TraceLog::Instance().WriteTraceLine("nor this");
+        QVERIFY(true); // reaching here is the point: nothing was thrown
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_TraceLog)
+#include "tst_TraceLog.moc"
