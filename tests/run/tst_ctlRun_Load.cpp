@@ -59,6 +59,7 @@ private slots:
     void pictureItemShowsNoPartListAndPlaysItsMusic();
     void musicItemPlaysItsMusicOnce();
     void textItemWithoutMusicPlaysNothing();
+    void songWithMusicBuildsItsPartsAndPlaysItsMusic();
     void textItemShowsNoPartList();
     void songShowsItsPartListInTheMainList();
     void singleItemRunHidesTheTreeAndNamesTheItemInTheCaption();
@@ -565,6 +566,30 @@ void tst_ctlRun_Load::textItemWithoutMusicPlaysNothing() {
     TraceTail trace;
     console->ShowServiceSIAsRunning(1, 0, 0);
     QVERIFY(trace.ConsoleLines().filter(QStringLiteral(":PlayMusic @")).isEmpty());
+}
+
+void tst_ctlRun_Load::songWithMusicBuildsItsPartsAndPlaysItsMusic() {
+    const qint32 song = AddAmazingGrace();
+    QVERIFY(db->Exec(QStringLiteral("UPDATE ServiceItems SET ServiceItemMusic = 'grace.mid' "
+                                    "WHERE ServiceItemID = ?"),
+                     {song}));
+    console->setRunningService(db->AddService(QStringLiteral("Morning"), {{AddPrayer()}, {song}}));
+    TraceTail trace;
+
+    console->ShowServiceSIAsRunning(2, 0, 0);
+
+    QVERIFY(!console->lvwSIContent->isHidden());
+    QCOMPARE(console->lvwSIContent->topLevelItemCount(), 4);
+    const QStringList lines = trace.ConsoleLines();
+    const qsizetype setup = lines.indexOf(
+        RunLine(QStringLiteral("SetupSong"),
+                QStringLiteral("lngSIID = %1, blnIsPartOfActiveService = True, ").arg(song)));
+    const qsizetype music =
+        lines.indexOf(RunLine(QStringLiteral("PlayMusic"),
+                              QStringLiteral("lngSIID = %1, strErrorMessage = , ").arg(song)));
+    QVERIFY(setup >= 0);
+    QVERIFY(music > setup);
+    QCOMPARE(lines.filter(QStringLiteral(":PlayMusic @")).size(), 1);
 }
 
 void tst_ctlRun_Load::textItemShowsNoPartList() {
