@@ -3,8 +3,11 @@
 
 #include "foundations/Platform.h"
 #include "foundations/TraceLine.h"
+#include "run/clsMonitors.h"
 
 #include <QLabel>
+
+#include <memory>
 
 // No handler. The trace prefix carries a stray apostrophe, as it always has.
 void ctlRun::RefreshScreenMirror() {
@@ -22,9 +25,16 @@ QPixmap ctlRun::GetOLEScreenSnapshot() {
         QRect(m_ProjectorRect.x(), 0, m_ProjectorRect.width(), m_ProjectorRect.height()));
 }
 
-// The projector is the second monitor of the machine. The monitors are not
-// looked up yet, so the console knows one monitor only and the rectangle
-// stays all zeros: the mirror shows nothing.
+// The projector is the monitor in second place of clsMonitors' order (rows
+// from the top, left to right): its left edge + 1, top 0, its size. With one
+// monitor the rectangle stays all zeros and the mirror shows nothing.
 void ctlRun::FindProjectorRect() {
     m_ProjectorRect = QRect(0, 0, 0, 0);
+    const auto objMonitors = std::make_unique<clsMonitors>();
+    clsMonitors::MonitorCollection& colMonitors = objMonitors->Monitors();
+    if (colMonitors.Count() < 2)
+        return;
+    const clsMonitor& objProjector = colMonitors.Item(2);
+    m_ProjectorRect =
+        QRect(objProjector.Left() + 1, 0, objProjector.Width(), objProjector.Height());
 }

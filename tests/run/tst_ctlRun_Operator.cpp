@@ -63,6 +63,8 @@ private slots:
     void initialiseEmptiesTheTabCaptionAndLeavesTheProjectorRectZero();
     void tabClickLoadsTheGeneralTabAgain();
     void mirrorOfOneMonitorShowsNothing();
+    void secondMonitorBesideTheFirstIsTheProjector();
+    void secondMonitorBelowTheTopIsGrabbedFromTheTop();
     void showingTheConsoleLoadsTheGallery();
     void resizeWiderThanTheScrollAreaWidensCaptionAndTab();
     void resizeKeepsTheFramesAndListsAboveTheBottom();
@@ -602,6 +604,29 @@ void tst_ctlRun_Operator::mirrorOfOneMonitorShowsNothing() {
     QVERIFY(single.GetOLEScreenSnapshot().isNull());
     QVERIFY(single.imgMirror->pixmap().isNull());
     QVERIFY(platform->Grabs().isEmpty());
+}
+
+void tst_ctlRun_Operator::secondMonitorBesideTheFirstIsTheProjector() {
+    platform->SetMonitors({QRect(0, 0, 1024, 768), QRect(1024, 0, 1920, 1080)});
+    QPixmap desktop(2944, 1080);
+    desktop.fill(Qt::darkBlue);
+    platform->SetDesktop(desktop);
+    ctlRun twoScreens;
+    QCOMPARE(twoScreens.ProjectorRect(), QRect(1025, 0, 1920, 1080));
+
+    twoScreens.RefreshScreenMirror();
+
+    QCOMPARE(platform->Grabs(), QList<QRect>({QRect(1025, 0, 1920, 1080)}));
+    QCOMPARE(twoScreens.imgMirror->pixmap().size(), QSize(1920, 1080));
+}
+
+void tst_ctlRun_Operator::secondMonitorBelowTheTopIsGrabbedFromTheTop() {
+    platform->SetMonitors({QRect(0, 0, 1024, 768), QRect(1024, 200, 800, 600)});
+    platform->SetDesktop(QPixmap(1824, 800));
+    ctlRun twoScreens;
+    QCOMPARE(twoScreens.ProjectorRect(), QRect(1025, 0, 800, 600));
+    twoScreens.RefreshScreenMirror();
+    QCOMPARE(platform->Grabs(), QList<QRect>({QRect(1025, 0, 800, 600)}));
 }
 
 void tst_ctlRun_Operator::showingTheConsoleLoadsTheGallery() {
