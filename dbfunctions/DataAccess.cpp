@@ -67,13 +67,15 @@ bool DataAccess::IsSampleMode() {
 
 namespace {
 
-bool ConfigureConnection(QSqlDatabase& db, QString& error) {
+bool RegisterFunctions(QSqlDatabase& db, QString& error) {
     const QVariant handle = db.driver()->handle();
-    if (!handle.isValid() ||
-        !JetWhere::RegisterFunctions(*static_cast<void* const*>(handle.data()))) {
-        error = QStringLiteral("The filter functions could not be registered.");
-        return false;
-    }
+    if (handle.isValid() && JetWhere::RegisterFunctions(*static_cast<void* const*>(handle.data())))
+        return true;
+    error = QStringLiteral("The filter functions could not be registered.");
+    return false;
+}
+
+bool ConfigureConnection(QSqlDatabase& db, QString& error) {
     QSqlQuery q(db);
     for (const char* pragma : {"PRAGMA foreign_keys = ON", "PRAGMA journal_mode = WAL",
                                "PRAGMA synchronous = FULL", "PRAGMA busy_timeout = 5000"}) {
@@ -88,6 +90,7 @@ bool ConfigureConnection(QSqlDatabase& db, QString& error) {
 } // namespace
 
 void DataAccess::OpenDatabase(const QString& strPath, QString& strErrorMessage) {
+    strErrorMessage.clear();
     CloseDatabase();
     const QString path = QDir::cleanPath(QDir::fromNativeSeparators(strPath));
     if (path.isEmpty()) {
@@ -95,13 +98,17 @@ void DataAccess::OpenDatabase(const QString& strPath, QString& strErrorMessage) 
         return;
     }
     QDir().mkpath(QFileInfo(path).absolutePath());
-    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connectionName);
-    db.setDatabaseName(path);
     QString error;
-    if (!db.open())
-        error = db.lastError().text();
-    else if (ConfigureConnection(db, error))
-        CreateOrUpgradeSchema(db, path, error);
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connectionName);
+        db.setDatabaseName(path);
+        // The version is checked before any setting touches the file, so that a file this
+        // program must not open stays exactly as it was.
+        if (!db.open())
+            error = db.lastError().text();
+        else if (RegisterFunctions(db, error) && CreateOrUpgradeSchema(db, path, error))
+            ConfigureConnection(db, error);
+    }
     if (!error.isEmpty()) {
         CloseDatabase();
         DataAccessPrivate::Fail(strErrorMessage, "OpenDatabase",
@@ -131,7 +138,8 @@ void DataAccess::CloseDatabase() {
             if (db.isOpen()) {
                 if (m_inTransaction)
                     db.exec(QStringLiteral("COMMIT"));
-                db.exec(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)"));
+                if (!m_databasePath.isEmpty())
+                    db.exec(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)"));
                 db.close();
             }
         }
