@@ -37,8 +37,8 @@ void ctlRun::ShowServiceSIAsRunning(qint16 intServiceSI, qint32 lngNewPartID, qi
         .Arg(QStringLiteral("lngNewPartID"), lngNewPartID)
         .Arg(QStringLiteral("NewPartType"), NewPartType)
         .Write();
-    VBNode node = tvwRun->Nodes(static_cast<qint32>(intServiceSI) + 1);
     ClearBoldNodes();
+    VBNode node = tvwRun->Nodes(static_cast<qint32>(intServiceSI) + 1);
     node.setBold(true);
     tvwRun->setSelectedItem(node);
     ShowSIAsRunning(VB::CLng(node.Tag()), true);
