@@ -4,6 +4,8 @@
 #include "foundations/TraceLine.h"
 #include "run/ctlRun.h"
 
+#include <QTimer>
+
 RunController::RunController(RunEngine& engine, ctlRun* console, QObject* parent)
     : QObject(parent), m_engine(engine), m_console(console) {
     Connect();
@@ -60,9 +62,6 @@ void RunController::ShowNextClicked() {
     case RunEngine::Step::Item:
         TellItem();
         break;
-    case RunEngine::Step::PropEnded:
-        PropEnded();
-        break;
     case RunEngine::Step::ServiceEnded:
     case RunEngine::Step::Nothing:
         break;
@@ -82,19 +81,34 @@ void RunController::ShowPreviousClicked() {
     }
 }
 
+// A click on an item of the service, also while a prop runs, goes back into
+// the service at that item. The root (0) names no item.
 void RunController::ShowServiceSI(qint16 intIndex) {
-    // The root (0) names no item: the projector stays as it is.
-    if (intIndex < 1 || m_engine.IsPropRunning())
+    if (intIndex < 1 || intIndex > m_engine.ItemCount())
         return;
+    LeaveProp();
     if (m_engine.JumpToItem(intIndex - 1))
         TellItem();
 }
 
+// A part of the service's item, also while a prop runs (which then ends).
 void RunController::ShowVerse(qint16 intVerseIndex) {
-    if (m_engine.IsPropRunning())
+    const bool leftProp = LeaveProp();
+    if (!m_engine.JumpToPart(intVerseIndex))
         return;
-    if (m_engine.JumpToPart(intVerseIndex))
+    if (leftProp)
+        TellItem();
+    else
         TellPart();
+}
+
+bool RunController::LeaveProp() {
+    if (!m_engine.IsPropRunning())
+        return false;
+    m_engine.EndProp();
+    if (m_console)
+        m_console->PropRunEnded();
+    return true;
 }
 
 void RunController::ShowPropVerse(qint16 intVerseIndex) {
@@ -106,18 +120,24 @@ void RunController::ShowPropVerse(qint16 intVerseIndex) {
 
 void RunController::ShowSI(qint32 lngSIID) {
     QString err;
-    if (m_engine.IsServiceRun()) {
-        if (!m_engine.StartProp(lngSIID, err))
-            TraceLine::WithPrefix(QStringLiteral("Corvantis:RunController:ShowSI"))
-                .Arg(QStringLiteral("strErrorMessage"), err)
-                .Write();
-        else if (m_engine.AtEndOfItem())
-            TellEndOfItem();
+    const bool shown = m_engine.IsServiceRun() ? m_engine.StartProp(lngSIID, err)
+                                               : m_engine.LoadItem(lngSIID, err);
+    if (!shown) {
+        TraceLine::WithPrefix(QStringLiteral("Corvantis:RunController:ShowSI"))
+            .Arg(QStringLiteral("lngSIID"), lngSIID)
+            .Arg(QStringLiteral("strErrorMessage"), err)
+            .Write();
         return;
     }
-    // One item by itself: the new item takes its place.
-    if (m_engine.LoadItem(lngSIID, err) && m_engine.AtEndOfItem())
-        TellEndOfItem();
+    // The console shows the item only once this event has returned, which
+    // resets its end-of-item state; so an item that is at its end at once is
+    // told so just after.
+    QTimer::singleShot(0, this, [this, lngSIID] {
+        const qint32 showing =
+            m_engine.IsPropRunning() ? m_engine.PropServiceItemID() : m_engine.ItemServiceItemID(0);
+        if (showing == lngSIID && m_engine.AtEndOfItem())
+            TellEndOfItem();
+    });
 }
 
 void RunController::EndRun() {

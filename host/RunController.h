@@ -61,6 +61,7 @@ private:
     void TellItem();
     void TellEndOfItem();
     void PropEnded();
+    bool LeaveProp();
 
     RunEngine& m_engine;
     ctlRun* m_console;

@@ -25,7 +25,6 @@ public:
         Part,         // another part of the same item (or prop)
         Item,         // another item of the service
         ServiceEnded, // past the last item: the end slide shows
-        PropEnded,    // past the last part of a prop: back to the service
     };
 
     explicit RunEngine(QObject* parent = nullptr);
@@ -58,7 +57,11 @@ public:
     const Slide& CurrentSlide() const;
 
     // ---- Navigation ----------------------------------------------------------
+    // Forward: the next part, else the first part of the next item, else (in a
+    // service run) the end slide. A prop stays on its last part.
     Step Next();
+    // Back: the part before, else the first part of the item before; from the
+    // end slide the last part of the last item.
     Step Previous();
     bool JumpToItem(int index);
     // A part of the prop while one runs, else of the current item.

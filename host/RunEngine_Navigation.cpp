@@ -4,13 +4,12 @@ RunEngine::Step RunEngine::Next() {
     if (!m_running)
         return Step::Nothing;
     if (m_propRunning) {
-        if (m_propPart + 1 < m_propSlides.size()) {
-            ++m_propPart;
-            emit SlideChanged();
-            return Step::Part;
-        }
-        EndProp();
-        return Step::PropEnded;
+        // A prop stays on its last part until the operator ends it.
+        if (m_propPart + 1 >= m_propSlides.size())
+            return Step::Nothing;
+        ++m_propPart;
+        emit SlideChanged();
+        return Step::Part;
     }
     if (m_atEnd)
         return Step::Nothing;
@@ -56,10 +55,11 @@ RunEngine::Step RunEngine::Previous() {
         emit SlideChanged();
         return Step::Part;
     }
+    // Back from the first part goes to the start of the item before.
     if (m_item == 0)
         return Step::Nothing;
     --m_item;
-    m_part = static_cast<int>(ItemSlides(m_item).size()) - 1;
+    m_part = 0;
     emit SlideChanged();
     return Step::Item;
 }

@@ -125,7 +125,7 @@ private slots:
         QCOMPARE(ids, QList<qint32>({s.song, 1, s.reading, s.points}));
     }
 
-    void previousGoesToTheLastPartOfTheItemBefore() {
+    void previousGoesToTheStartOfTheItemBefore() {
         TestDatabase db;
         const Service s = makeService(db);
         RunEngine engine;
@@ -137,9 +137,10 @@ private slots:
         QCOMPARE(engine.Previous(), RunEngine::Step::Item);
         QCOMPARE(where(engine), QStringLiteral("1.0"));
         QCOMPARE(engine.Previous(), RunEngine::Step::Item);
-        QCOMPARE(where(engine), QStringLiteral("0.3"));
+        QCOMPARE(where(engine), QStringLiteral("0.0"));
+        QVERIFY(engine.JumpToPart(2));
         QCOMPARE(engine.Previous(), RunEngine::Step::Part);
-        QCOMPARE(where(engine), QStringLiteral("0.2"));
+        QCOMPARE(where(engine), QStringLiteral("0.1"));
     }
 
     void jumpsStayInsideTheService() {
@@ -188,7 +189,9 @@ private slots:
         QCOMPARE(engine.PropServiceItemID(), notice);
         QCOMPARE(engine.CurrentSlide().Words(), QStringLiteral("Tea after the service"));
         QVERIFY(engine.AtEndOfItem());
-        QCOMPARE(engine.Next(), RunEngine::Step::PropEnded);
+        QCOMPARE(engine.Next(), RunEngine::Step::Nothing); // a prop waits for its end
+        QVERIFY(engine.IsPropRunning());
+        engine.EndProp();
         QVERIFY(!engine.IsPropRunning());
         QCOMPARE(where(engine), QStringLiteral("0.1"));
         QCOMPARE(engine.CurrentSlide().Words(), QStringLiteral("My chains are gone"));
