@@ -135,13 +135,13 @@ bool MainWindow::ShowPage(const QString& strName) {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
     ErrorReport::Guard([&] {
-        if (m_session) {
-            if (!m_session->CanUnload()) {
-                event->ignore();
-                return;
-            }
-            m_session->End();
+        // The console's question ends the run on Yes (through its End).
+        if (m_session && !m_session->CanUnload()) {
+            event->ignore();
+            return;
         }
+        if (m_session)
+            m_session->End();
         HostPage* current = CurrentPage();
         if (current && !current->CanUnload()) {
             event->ignore();

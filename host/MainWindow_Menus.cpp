@@ -73,6 +73,7 @@ void MainWindow::CreateRunMenu() {
     mnuRun->addSeparator();
     mnuEndRun = addNamed(mnuRun, QStringLiteral("mnuEndRun"), QStringLiteral("&End the Run"));
     onTriggered(mnuEndRun, this, [this] {
+        // Yes to the console's question ends the run through its End already.
         if (m_session && m_session->CanUnload())
             EndRun();
     });

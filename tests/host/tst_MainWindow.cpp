@@ -1,0 +1,328 @@
+// The main window: its navigation bar and pages, the road from a gallery's
+// event to the right side, the menus, and a run from start to end.
+#include "DataAccess.h"
+#include "EditorSlot.h"
+#include "EventPanel.h"
+#include "HostPage.h"
+#include "MainWindow.h"
+#include "ProjectorWindow.h"
+#include "RecordList.h"
+#include "RunSession.h"
+#include "ScriptedPlatform.h"
+#include "ServiceItemsPage.h"
+#include "ServicesPage.h"
+#include "TestDatabase.h"
+
+#include "foundations/VBTreeWidget.h"
+#include "galleries/ctlServiceItemGallery.h"
+#include "run/ctlRun.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QToolBar>
+#include <QtTest>
+
+#include <memory>
+
+class tst_MainWindow : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void navigationBarHasTheFiveEntries();
+    void startupTabChoosesTheFirstPage();
+    void windowTitleSaysWhenItIsSampleMode();
+    void servicesPageListsTheServicesAndShowsTheClickedOne();
+    void serviceItemClickedInTheGalleryShowsTheItem();
+    void editorSlotAsksBeforeItReplaces();
+    void editorThatWillNotGoKeepsThePage();
+    void runMenuListsTheServices();
+    void runningAServiceShowsTheConsoleAndTheProjector();
+    void consoleFollowsEveryStepToTheLastItem();
+    void operatorKeysOnTheConsoleDriveTheRun();
+    void endOnTheConsoleEndsTheRunAndRecordsTheDelivery();
+    void runButtonOfTheServicesPageRunsTheService();
+    void serviceWithNothingToShowIsRefusedWithAMessage();
+    void runOfOneServiceItemFromTheGallery();
+    void aboutBoxNamesCorvantis();
+    void closingDuringARunAsksTheConsoleFirst();
+
+private:
+    StartUp Start() const {
+        StartUp start;
+        start.databasePath = db->Path();
+        return start;
+    }
+
+    std::unique_ptr<TestDatabase> db;
+    std::unique_ptr<ScriptedPlatform> platform;
+    std::unique_ptr<MainWindow> window;
+    qint32 song = 0, prayer = 0, service = 0, empty = 0;
+};
+
+void tst_MainWindow::init() {
+    db = std::make_unique<TestDatabase>();
+    QVERIFY(db->IsValid());
+    platform = std::make_unique<ScriptedPlatform>();
+    song = db->AddSong(QStringLiteral("Be Thou My Vision"),
+                       {{QStringLiteral("Verse 1"), QStringLiteral("Be thou my vision")},
+                        {QStringLiteral("Verse 2"), QStringLiteral("Be thou my wisdom")}});
+    prayer = db->AddServiceItem(TestDatabase::Prayer, QStringLiteral("Collect for Purity"),
+                                QStringLiteral("Almighty God"));
+    service = db->AddService(QStringLiteral("Morning Worship"), {{song}, {prayer}});
+    empty = db->AddService(QStringLiteral("Nothing yet"));
+    window = std::make_unique<MainWindow>(Start());
+    window->resize(1100, 700);
+    window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(window.get()));
+}
+
+void tst_MainWindow::cleanup() {
+    window.reset();
+    platform.reset();
+    db.reset();
+}
+
+void tst_MainWindow::navigationBarHasTheFiveEntries() {
+    QStringList texts;
+    for (QAction* action : window->tbrNavigation->actions())
+        texts << action->text();
+    QCOMPARE(texts,
+             QStringList({"Services", "Service Items", "Templates", "Short-lists", "Options"}));
+    QCOMPARE(window->CurrentPage()->Name(), QStringLiteral("Services"));
+    window->findChild<QAction*>(QStringLiteral("navServiceItems"))->trigger();
+    QCOMPARE(window->CurrentPage()->Name(), QStringLiteral("ServiceItems"));
+    QVERIFY(window->findChild<QAction*>(QStringLiteral("navServiceItems"))->isChecked());
+}
+
+void tst_MainWindow::startupTabChoosesTheFirstPage() {
+    QCOMPARE(MainWindow::PageForStartupTab(QStringLiteral("ServiceItems")),
+             QStringLiteral("ServiceItems"));
+    QCOMPARE(MainWindow::PageForStartupTab(QStringLiteral("options")), QStringLiteral("Options"));
+    QCOMPARE(MainWindow::PageForStartupTab(QStringLiteral("Somewhere")),
+             QStringLiteral("Services"));
+    QCOMPARE(MainWindow::PageForStartupTab(QString()), QStringLiteral("Services"));
+    StartUp start = Start();
+    start.startupTab = QStringLiteral("Templates");
+    MainWindow other(start);
+    QCOMPARE(other.CurrentPage()->Name(), QStringLiteral("Templates"));
+}
+
+void tst_MainWindow::windowTitleSaysWhenItIsSampleMode() {
+    QCOMPARE(window->windowTitle(), QStringLiteral("Corvantis"));
+    StartUp start = Start();
+    start.sampleMode = true;
+    MainWindow sample(start);
+    QVERIFY(sample.windowTitle().contains(QStringLiteral("Sample Mode")));
+}
+
+void tst_MainWindow::servicesPageListsTheServicesAndShowsTheClickedOne() {
+    RecordList* list = window->pgServices->lvwServices;
+    QCOMPARE(list->topLevelItemCount(), 2);
+    QVERIFY(!window->pgServices->cmdRunService->isEnabled());
+    QVERIFY(list->SelectId(service));
+    emit list->itemClicked(list->currentItem(), 0);
+    auto* panel = qobject_cast<EventPanel*>(window->pgServices->Editor()->Current());
+    QVERIFY(panel);
+    QCOMPARE(panel->Caption(), QStringLiteral("Morning Worship"));
+    QCOMPARE(panel->Value(QStringLiteral("Row 1")), QStringLiteral("Be Thou My Vision"));
+    QCOMPARE(panel->Value(QStringLiteral("Row 2")), QStringLiteral("Collect for Purity"));
+    QVERIFY(window->pgServices->cmdRunService->isEnabled());
+}
+
+void tst_MainWindow::serviceItemClickedInTheGalleryShowsTheItem() {
+    QVERIFY(window->ShowPage(QStringLiteral("ServiceItems")));
+    ctlServiceItemGallery* gallery = window->pgServiceItems->ctlServiceItemGallery1;
+    emit gallery->SIClicked(QString::number(prayer), QStringLiteral("Collect for Purity"),
+                            QString(), QString(), QStringLiteral("SI"));
+    auto* panel = qobject_cast<EventPanel*>(window->pgServiceItems->Editor()->Current());
+    QVERIFY(panel);
+    QCOMPARE(panel->Caption(), QStringLiteral("Collect for Purity"));
+    QCOMPARE(panel->Value(QStringLiteral("Text")), QStringLiteral("Almighty God"));
+    QCOMPARE(window->pgServiceItems->SelectedServiceItemID(), prayer);
+    emit gallery->SIClicked(QStringLiteral("Type;1"), QStringLiteral("Prayer"),
+                            QStringLiteral("ServiceItemTypeID = 1"),
+                            QStringLiteral("Type is Prayer"), QStringLiteral("SIGroup"));
+    QCOMPARE(panel->Caption(), QStringLiteral("Prayer"));
+    QCOMPARE(panel->Value(QStringLiteral("Filter")), QStringLiteral("Type is Prayer"));
+    QCOMPARE(window->pgServiceItems->SelectedServiceItemID(), 0);
+}
+
+void tst_MainWindow::editorSlotAsksBeforeItReplaces() {
+    EditorSlot slot;
+    int asked = 0;
+    bool answer = false;
+    auto* first = new QLabel(QStringLiteral("first"));
+    QVERIFY(slot.Replace(first, [&] {
+        ++asked;
+        return answer;
+    }));
+    QPointer<QLabel> second = new QLabel(QStringLiteral("second"));
+    QVERIFY(!slot.Replace(second));
+    QCOMPARE(asked, 1);
+    QCOMPARE(slot.Current(), first);
+    QVERIFY(second.isNull());
+    answer = true;
+    auto* third = new QLabel(QStringLiteral("third"));
+    QVERIFY(slot.Replace(third));
+    QCOMPARE(asked, 2);
+    QCOMPARE(slot.Current(), third);
+}
+
+void tst_MainWindow::editorThatWillNotGoKeepsThePage() {
+    window->pgServices->Editor()->Replace(new QLabel(QStringLiteral("unsaved")),
+                                          [] { return false; });
+    QVERIFY(!window->ShowPage(QStringLiteral("Templates")));
+    QCOMPARE(window->CurrentPage()->Name(), QStringLiteral("Services"));
+    window->findChild<QAction*>(QStringLiteral("navTemplates"))->trigger();
+    QCOMPARE(window->CurrentPage()->Name(), QStringLiteral("Services"));
+    QVERIFY(window->findChild<QAction*>(QStringLiteral("navServices"))->isChecked());
+}
+
+void tst_MainWindow::runMenuListsTheServices() {
+    emit window->mnuRunService->aboutToShow();
+    QStringList names;
+    for (QAction* action : window->mnuRunService->actions())
+        names << action->objectName() + QLatin1Char('=') + action->text();
+    QVERIFY(names.contains(QStringLiteral("mnuRunService%1=Morning Worship").arg(service)));
+    QVERIFY(names.contains(QStringLiteral("mnuRunService%1=Nothing yet").arg(empty)));
+    window->findChild<QAction*>(QStringLiteral("mnuRunService%1").arg(service))->trigger();
+    QVERIFY(window->IsRunning());
+}
+
+void tst_MainWindow::runningAServiceShowsTheConsoleAndTheProjector() {
+    QVERIFY(window->RunService(service));
+    RunSession* session = window->Session();
+    QVERIFY(session);
+    QCOMPARE(window->stkPages->currentWidget(), session->Console());
+    QCOMPARE(session->Console()->lblMainCaption->text(),
+             QStringLiteral("Running Service - Morning Worship"));
+    QVERIFY(session->Projector()->isVisible());
+    QCOMPARE(session->Projector()->windowTitle(), QStringLiteral("CorvantisRunForm"));
+    QVERIFY(!window->tbrNavigation->isEnabled());
+    QVERIFY(window->mnuEndRun->isEnabled());
+    QVERIFY(!window->RunService(service)); // one run at a time
+}
+
+void tst_MainWindow::consoleFollowsEveryStepToTheLastItem() {
+    QVERIFY(window->RunService(service));
+    RunSession* session = window->Session();
+    ctlRun* console = session->Console();
+    RunEngine& engine = session->Engine();
+    QCOMPARE(engine.CurrentSlide().Words(), QStringLiteral("Be thou my vision"));
+    console->cmdForward->click();
+    QCOMPARE(engine.CurrentSlide().Words(), QStringLiteral("Be thou my wisdom"));
+    QCOMPARE(console->cmdForward->toolTip(), QStringLiteral("&Finish this Service Item"));
+    console->cmdForward->click();
+    QCOMPARE(engine.CurrentSlide().Words(), QStringLiteral("Almighty God"));
+    QCOMPARE(console->lblSIDescription->text(), QStringLiteral("Collect for Purity"));
+    console->cmdForward->click();
+    QVERIFY(engine.AtEndOfService());
+    QVERIFY(window->IsRunning());
+}
+
+void tst_MainWindow::operatorKeysOnTheConsoleDriveTheRun() {
+    QVERIFY(window->RunService(service));
+    RunSession* session = window->Session();
+    ctlRun* console = session->Console();
+    QTest::keyClick(console->tvwRun, Qt::Key_Space);
+    QCOMPARE(session->Engine().CurrentPart(), 1);
+    QTest::keyClick(console->tvwRun, Qt::Key_PageUp);
+    QCOMPARE(session->Engine().CurrentPart(), 0);
+    QTest::keyClick(console->cmdForward, Qt::Key_B);
+    QVERIFY(session->Engine().IsBlackedOut());
+    QVERIFY(!console->chkProjectorOn->isChecked());
+    QTest::keyClick(session->Projector(), Qt::Key_B);
+    QVERIFY(!session->Engine().IsBlackedOut());
+    QTest::keyClick(session->Projector(), Qt::Key_Right);
+    QCOMPARE(session->Engine().CurrentPart(), 1);
+    QTest::keyClick(console, Qt::Key_Escape);
+    QTRY_VERIFY(!window->IsRunning());
+}
+
+void tst_MainWindow::endOnTheConsoleEndsTheRunAndRecordsTheDelivery() {
+    QVERIFY(db->Exec(QStringLiteral("UPDATE Services SET ServiceDateLastDelivered = NULL")));
+    QWidget* before = window->stkPages->currentWidget();
+    QVERIFY(window->RunService(service));
+    QPointer<ProjectorWindow> projector = window->Session()->Projector();
+    window->Session()->Console()->cmdEnd->click();
+    QTRY_VERIFY(!window->IsRunning());
+    QCOMPARE(window->stkPages->currentWidget(), before);
+    QVERIFY(window->tbrNavigation->isEnabled());
+    QVERIFY(!window->mnuEndRun->isEnabled());
+    QTRY_VERIFY(projector.isNull() || !projector->isVisible());
+    const QString stored =
+        db->Scalar(
+              QStringLiteral("SELECT ServiceDateLastDelivered FROM Services WHERE ServiceID = ?"),
+              {service})
+            .toString();
+    QVERIFY2(stored.startsWith(QDate::currentDate().toString(Qt::ISODate)), qPrintable(stored));
+    QVERIFY(db->Scalar(QStringLiteral(
+                           "SELECT ServiceDateLastDelivered FROM Services WHERE ServiceID = ?"),
+                       {empty})
+                .isNull());
+}
+
+void tst_MainWindow::runButtonOfTheServicesPageRunsTheService() {
+    RecordList* list = window->pgServices->lvwServices;
+    QVERIFY(list->SelectId(service));
+    emit list->itemClicked(list->currentItem(), 0);
+    window->pgServices->cmdRunService->click();
+    QVERIFY(window->IsRunning());
+    QCOMPARE(window->Session()->Engine().ServiceID(), service);
+}
+
+void tst_MainWindow::serviceWithNothingToShowIsRefusedWithAMessage() {
+    platform->QueueAnswer(vbOK);
+    QVERIFY(!window->RunService(empty));
+    QVERIFY(!window->IsRunning());
+    QCOMPARE(platform->BoxCount(), 1);
+    QCOMPARE(
+        platform->LastBox().Prompt,
+        QStringLiteral("The run could not start: This service has nothing to show at run time."));
+    QCOMPARE(platform->LastBox().Buttons, vbExclamation);
+}
+
+void tst_MainWindow::runOfOneServiceItemFromTheGallery() {
+    QVERIFY(window->ShowPage(QStringLiteral("ServiceItems")));
+    emit window->pgServiceItems->ctlServiceItemGallery1->ToolBarButtonClicked(
+        QStringLiteral("btnRun"), song);
+    QVERIFY(window->IsRunning());
+    RunSession* session = window->Session();
+    QVERIFY(!session->Engine().IsServiceRun());
+    QCOMPARE(session->Console()->lblMainCaption->text(),
+             QStringLiteral("Running Service item: Be Thou My Vision"));
+    session->Console()->cmdEnd->click();
+    QTRY_VERIFY(!window->IsRunning());
+    QCOMPARE(window->CurrentPage()->Name(), QStringLiteral("ServiceItems"));
+}
+
+void tst_MainWindow::aboutBoxNamesCorvantis() {
+    platform->QueueAnswer(vbOK);
+    window->findChild<QAction*>(QStringLiteral("mnuHelpAbout"))->trigger();
+    QCOMPARE(platform->BoxCount(), 1);
+    QCOMPARE(platform->LastBox().Title, QStringLiteral("About Corvantis"));
+    QVERIFY(platform->LastBox().Prompt.startsWith(QStringLiteral("Corvantis ")));
+    QVERIFY(platform->LastBox().Prompt.contains(db->Path()));
+    QCOMPARE(platform->LastBox().Buttons, vbInformation);
+}
+
+void tst_MainWindow::closingDuringARunAsksTheConsoleFirst() {
+    QVERIFY(window->RunService(service));
+    platform->QueueAnswer(vbNo);
+    QVERIFY(!window->close());
+    QVERIFY(window->IsRunning());
+    QCOMPARE(platform->LastBox().Prompt, QStringLiteral("Do you want to stop running this item?"));
+    platform->QueueAnswer(vbYes);
+    QVERIFY(window->close());
+    QTRY_VERIFY(!window->IsRunning());
+}
+
+QTEST_MAIN(tst_MainWindow)
+#include "tst_MainWindow.moc"
