@@ -220,23 +220,25 @@ bool ctlServiceItemGallery::LoadTree(Recordset& rs, qint16& intAdded, QString& s
 
     tvwServiceItems->Add(QVariant(), tvwLast, QStringLiteral("Root"),
                          QStringLiteral("Service Items"), QStringLiteral("imgFolderOpen"));
+    // Rows of one item follow each other (one per keyword and point). Except under
+    // Keyword grouping they all give the same item key, which the first row has made.
+    const bool blnGroupIsItemField = strGroupBy != QLatin1String("Keyword");
+    const bool blnGroupIsType = strGroupBy == QLatin1String("Type");
+    qint32 lngPreviousID = 0;
     bool blnNaturalEnd = false;
     while (!rs.Eof()) {
         blnNaturalEnd = true;
         const qint32 lngID = VB::CLng(rs.Fields(QStringLiteral("ServiceItems.ServiceItemID")));
-        if (lngID != 1) {
+        const bool blnSameItem = blnGroupIsItemField && lngID == lngPreviousID;
+        lngPreviousID = lngID;
+        if (lngID != 1 && !blnSameItem) {
             const QVariant varValue = rs.Fields(strValueField);
-            QString strGroupValue;
-            QString strGroupText;
-            if (varValue.isNull()) {
-                strGroupValue = QStringLiteral("0");
-                strGroupText = QStringLiteral("No ") + strGroupBy;
-            } else {
-                strGroupValue = VB::CStr(varValue);
-                strGroupText = VB::Text(rs.Fields(strTextField));
-            }
+            const QString strGroupValue =
+                varValue.isNull() ? QStringLiteral("0") : VB::CStr(varValue);
             const QString strGroupKey = strGroupBy + QStringLiteral(";") + strGroupValue;
             if (!tvwServiceItems->KeyExists(strGroupKey)) {
+                const QString strGroupText = varValue.isNull() ? QStringLiteral("No ") + strGroupBy
+                                                               : VB::Text(rs.Fields(strTextField));
                 VBNode group =
                     tvwServiceItems->Add(QStringLiteral("Root"), tvwChild, strGroupKey,
                                          Decoded(strGroupText), QStringLiteral("imgFolderClosed"));
@@ -255,7 +257,9 @@ bool ctlServiceItemGallery::LoadTree(Recordset& rs, qint16& intAdded, QString& s
                 }
                 VBNode item = tvwServiceItems->Add(strGroupKey, tvwChild, strItemKey, strText);
                 SetNodeImage(item,
-                             VB::CLng(rs.Fields(QStringLiteral("ServiceItems.ServiceItemTypeID"))));
+                             VB::CLng(blnGroupIsType ? varValue
+                                                     : rs.Fields(QStringLiteral(
+                                                           "ServiceItems.ServiceItemTypeID"))));
                 Increment(intAdded);
                 item.setTag(strGroupValue);
                 strIDs += QStringLiteral(",") + QString::number(lngID);
