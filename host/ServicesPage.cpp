@@ -40,8 +40,11 @@ ServicesPage::ServicesPage(QWidget* parent) : HostPage(QStringLiteral("Services"
             [this] { ErrorReport::Guard([this] { cmdRunService_Click(); }); });
 }
 
+// The first service is shown at once, so that the page never opens empty.
 void ServicesPage::Load() {
     Reload();
+    if (lvwServices->topLevelItemCount() > 0)
+        SelectService(lvwServices->topLevelItem(0)->data(0, Qt::UserRole).toInt());
 }
 
 void ServicesPage::Reload() {

@@ -38,6 +38,7 @@ private slots:
     void navigationBarHasTheFiveEntries();
     void startupTabChoosesTheFirstPage();
     void windowTitleSaysWhenItIsSampleMode();
+    void servicesPageOpensOnTheNewestService();
     void servicesPageListsTheServicesAndShowsTheClickedOne();
     void serviceItemClickedInTheGalleryShowsTheItem();
     void editorSlotAsksBeforeItReplaces();
@@ -122,10 +123,17 @@ void tst_MainWindow::windowTitleSaysWhenItIsSampleMode() {
     QVERIFY(sample.windowTitle().contains(QStringLiteral("Sample Mode")));
 }
 
+void tst_MainWindow::servicesPageOpensOnTheNewestService() {
+    QCOMPARE(window->pgServices->SelectedServiceID(), empty);
+    auto* panel = qobject_cast<EventPanel*>(window->pgServices->Editor()->Current());
+    QVERIFY(panel);
+    QCOMPARE(panel->Caption(), QStringLiteral("Nothing yet"));
+    QVERIFY(window->pgServices->cmdRunService->isEnabled());
+}
+
 void tst_MainWindow::servicesPageListsTheServicesAndShowsTheClickedOne() {
     RecordList* list = window->pgServices->lvwServices;
     QCOMPARE(list->topLevelItemCount(), 2);
-    QVERIFY(!window->pgServices->cmdRunService->isEnabled());
     QVERIFY(list->SelectId(service));
     emit list->itemClicked(list->currentItem(), 0);
     auto* panel = qobject_cast<EventPanel*>(window->pgServices->Editor()->Current());
