@@ -11,6 +11,7 @@
 #include <QHeaderView>
 #include <QRegularExpression>
 
+#include "DataAccess.h"
 #include "foundations/VBRuntime.h"
 #include <QMenu>
 #include <QMimeData>
@@ -83,6 +84,7 @@ private slots:
     void smallerSizeIsRaisedToMinimum();
     void viewsTakeFullWidthAndHeightLessGap();
     void loadWritesTraceLine();
+    void sampleDatabaseLoadsInEveryGroupingAndView();
 };
 
 void tst_ctlServiceItemGallery_Load::describesItselfAndCanAlwaysUnload() {
@@ -794,6 +796,29 @@ void tst_ctlServiceItemGallery_Load::loadWritesTraceLine() {
     QVERIFY(f.Trace().contains(
         QRegularExpression("QVLTCONTROLS:ctlServiceItemGallery:ShowServiceItems @ [^\\n]*: "
                            "strNodeKeyToSelect = Root, strErrorMessage = , ")));
+}
+
+void tst_ctlServiceItemGallery_Load::sampleDatabaseLoadsInEveryGroupingAndView() {
+    GalleryFixture f;
+    QString strErrorMessage;
+    DataAccess::Instance().OpenSampleDatabase(strErrorMessage);
+    QCOMPARE(strErrorMessage, QString());
+    for (const char* groupBy : {"Type", "Keyword", "Source", "Provider"}) {
+        f.gallery->cboGroupByProperty->setCurrentText(groupBy);
+        f.gallery->ShowServiceItems(QString(), strErrorMessage);
+        QCOMPARE(strErrorMessage, QString());
+        QVERIFY2(!f.ItemKeys().isEmpty(), groupBy);
+        QVERIFY(f.Panel(1).endsWith(" Service Items displayed"));
+        for (const QString& key : f.ItemKeys())
+            QVERIFY2(key.startsWith(QString(groupBy) + ";"), qPrintable(key));
+    }
+    f.gallery->optShowAsList->setChecked(true);
+    QVERIFY(f.List()->topLevelItemCount() > 0);
+    f.gallery->txtQuickFilter->setText("a");
+    QVERIFY(f.List()->topLevelItemCount() > 0);
+    QCOMPARE(f.platform.BoxCount(), 0);
+    // The fixture's own database is opened again for its clean-up.
+    DataAccess::Instance().OpenDatabase(f.db.Path(), strErrorMessage);
 }
 
 QTEST_MAIN(tst_ctlServiceItemGallery_Load)
