@@ -17,7 +17,8 @@ ProjectorWindow::ProjectorWindow(RunEngine& engine, QWidget* parent)
     setWindowTitle(Title());
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
-    setCursor(Qt::BlankCursor);
+    // The operator's keys stay with the console when the projector comes up.
+    setAttribute(Qt::WA_ShowWithoutActivating);
     tmrBackground->setObjectName(QStringLiteral("tmrBackground"));
     connect(tmrBackground, &QTimer::timeout, this,
             [this] { ErrorReport::Guard([this] { tmrBackground_Timeout(); }); });
@@ -57,10 +58,13 @@ void ProjectorWindow::Place() {
     if (QScreen* screen = ScreenAt(m_placement.geometry))
         windowHandle()->setScreen(screen);
     setGeometry(m_placement.geometry);
-    if (m_placement.fullScreen)
+    if (m_placement.fullScreen) {
+        setCursor(Qt::BlankCursor); // no pointer in front of the congregation
         showFullScreen();
-    else
+    } else {
+        unsetCursor();
         showNormal();
+    }
     m_engine.SetScreenSize(size());
 }
 
