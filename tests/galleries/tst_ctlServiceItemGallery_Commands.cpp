@@ -26,7 +26,7 @@ class tst_ctlServiceItemGallery_Commands : public QObject {
     struct MenuSeen {
         QString menu, caption, selected;
     };
-    static MenuSeen RightClick(GalleryFixture& f, VBTreeWidget* view, const QString& key,
+    static MenuSeen RightClick(VBTreeWidget* view, const QString& key,
                                const QString& command = QString()) {
         MenuSeen seen;
         QTimer::singleShot(0, [&] {
@@ -372,7 +372,7 @@ void tst_ctlServiceItemGallery_Commands::rightClickOnItemNodeSelectsItOnlyWhileM
     const qint32 a = f.Item(TestDatabase::Reading, "Psalm 23");
     const qint32 b = f.Item(TestDatabase::Reading, "Psalm 24");
     f.gallery->ShowServiceItems(ItemKey(2, a));
-    const MenuSeen seen = RightClick(f, f.Tree(), ItemKey(2, b));
+    const MenuSeen seen = RightClick(f.Tree(), ItemKey(2, b));
     QCOMPARE(seen.menu, QString("mnuRightCLick"));
     QCOMPARE(seen.selected, ItemKey(2, b));
     QCOMPARE(f.Tree()->SelectedItem().Key(), ItemKey(2, a));
@@ -382,7 +382,7 @@ void tst_ctlServiceItemGallery_Commands::rightClickOnTypeGroupOffersNewWithTypeN
     GalleryFixture f;
     QVERIFY(f.Item(TestDatabase::Reading, "Psalm 23") > 0);
     f.gallery->ShowServiceItems();
-    const MenuSeen seen = RightClick(f, f.Tree(), "Type;2");
+    const MenuSeen seen = RightClick(f.Tree(), "Type;2");
     QCOMPARE(seen.menu, QString("mnuRightClickType"));
     QCOMPARE(seen.caption, QString("&New Reading"));
     QVERIFY(f.Tree()->SelectedItem().IsNothing());
@@ -393,10 +393,10 @@ void tst_ctlServiceItemGallery_Commands::rightClickOnOtherGroupingOffersNewServi
     QVERIFY(f.Item(TestDatabase::Reading, "Psalm 23", QVariant(), "Psalms") > 0);
     f.gallery->cboGroupByProperty->setCurrentText("Source");
     f.gallery->ShowServiceItems();
-    MenuSeen seen = RightClick(f, f.Tree(), "Source;Psalms");
+    MenuSeen seen = RightClick(f.Tree(), "Source;Psalms");
     QCOMPARE(seen.menu, QString("mnuRightClickType"));
     QCOMPARE(seen.caption, QString("&New Service Item"));
-    seen = RightClick(f, f.Tree(), "Root");
+    seen = RightClick(f.Tree(), "Root");
     QCOMPARE(seen.caption, QString("&New Service Item"));
 }
 
@@ -406,7 +406,7 @@ void tst_ctlServiceItemGallery_Commands::rightClickOnListItemKeepsSelection() {
     const qint32 b = f.Item(TestDatabase::Reading, "Psalm 24");
     f.gallery->optShowAsList->setChecked(true);
     f.ClickNode(f.List(), QString("SI;%1").arg(a));
-    const MenuSeen seen = RightClick(f, f.List(), QString("SI;%1").arg(b));
+    const MenuSeen seen = RightClick(f.List(), QString("SI;%1").arg(b));
     QCOMPARE(seen.menu, QString("mnuRightCLick"));
     QCOMPARE(seen.selected, QString("SI;%1").arg(a));
     QCOMPARE(f.List()->SelectedItem().Key(), QString("SI;%1").arg(a));
@@ -433,7 +433,7 @@ void tst_ctlServiceItemGallery_Commands::newFromTypeGroupMenuCreatesItemOfThatTy
     QVERIFY(f.Item(TestDatabase::Reading, "Psalm 23") > 0);
     f.gallery->ShowServiceItems();
     QSignalSpy added(f.gallery.get(), &ctlServiceItemGallery::NewServiceItemAdded);
-    RightClick(f, f.Tree(), "Type;2", "mnuRightClickTypeNew");
+    RightClick(f.Tree(), "Type;2", "mnuRightClickTypeNew");
     QCOMPARE(added.count(), 1);
     const qint32 id = added.at(0).at(0).toInt();
     QCOMPARE(f.db.Scalar("SELECT ServiceItemTypeID FROM ServiceItems WHERE ServiceItemID = ?", {id})
@@ -446,7 +446,7 @@ void tst_ctlServiceItemGallery_Commands::newFromItemMenuUnderTypeTakesItsType() 
     const qint32 id = f.Item(TestDatabase::Creed, "Apostles' creed");
     f.gallery->ShowServiceItems(ItemKey(13, id));
     QSignalSpy added(f.gallery.get(), &ctlServiceItemGallery::NewServiceItemAdded);
-    RightClick(f, f.Tree(), ItemKey(13, id), "mnuRightCLickNew");
+    RightClick(f.Tree(), ItemKey(13, id), "mnuRightCLickNew");
     QCOMPARE(added.count(), 1);
     const qint32 created = added.at(0).at(0).toInt();
     QCOMPARE(
@@ -462,7 +462,7 @@ void tst_ctlServiceItemGallery_Commands::openFromMenuReportsRunFailure() {
     const qint32 id = f.Item(TestDatabase::Reading, "Psalm 23");
     f.gallery->ShowServiceItems(ItemKey(2, id));
     f.platform.QueueAnswer(vbOK);
-    RightClick(f, f.Tree(), ItemKey(2, id), "mnuSIOpen");
+    RightClick(f.Tree(), ItemKey(2, id), "mnuSIOpen");
     QCOMPARE(f.platform.BoxCount(), 1);
     QVERIFY(f.platform.LastBox().Prompt.startsWith("mnuSIOpen_Click: "));
 }
