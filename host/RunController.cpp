@@ -1,14 +1,52 @@
 #include "RunController.h"
 
 #include "RunEngine.h"
+#include "foundations/ErrorReport.h"
 #include "foundations/TraceLine.h"
 #include "run/ctlRun.h"
 
 #include <QTimer>
 
 RunController::RunController(RunEngine& engine, ctlRun* console, QObject* parent)
-    : QObject(parent), m_engine(engine), m_console(console) {
+    : QObject(parent), tmrAutoAdvance(new QTimer(this)), m_engine(engine), m_console(console) {
+    tmrAutoAdvance->setObjectName(QStringLiteral("tmrAutoAdvance"));
+    tmrAutoAdvance->setSingleShot(true);
+    connect(tmrAutoAdvance, &QTimer::timeout, this,
+            [this] { ErrorReport::Guard([this] { tmrAutoAdvance_Timer(); }); });
+    connect(&m_engine, &RunEngine::SlideChanged, this,
+            [this] { ErrorReport::Guard([this] { Engine_SlideChanged(); }); });
     Connect();
+}
+
+// Where the run stands: the prop or the item, and the part.
+QString RunController::SlidePlace() const {
+    if (m_engine.AtEndOfService() && !m_engine.IsPropRunning())
+        return QStringLiteral("end");
+    return QStringLiteral("%1/%2/%3")
+        .arg(m_engine.IsPropRunning() ? m_engine.PropServiceItemID() : -1)
+        .arg(m_engine.CurrentItem())
+        .arg(m_engine.CurrentPart());
+}
+
+void RunController::Engine_SlideChanged() {
+    const QString place = SlidePlace();
+    if (place == m_timedSlide && tmrAutoAdvance->isActive())
+        return; // the same picture (blacked out, resized): its time runs on
+    m_timedSlide.clear();
+    tmrAutoAdvance->stop();
+    const Slide& slide = m_engine.CurrentSlide();
+    if (m_engine.IsRunning() && slide.kind == Slide::Kind::Picture && slide.secondsToShow > 0) {
+        m_timedSlide = place;
+        tmrAutoAdvance->start(slide.secondsToShow * 1000);
+    }
+}
+
+void RunController::tmrAutoAdvance_Timer() {
+    tmrAutoAdvance->stop();
+    const bool stillShowing = !m_timedSlide.isEmpty() && SlidePlace() == m_timedSlide;
+    m_timedSlide.clear();
+    if (stillShowing && m_engine.IsRunning())
+        OperatorAction(OperatorKeys::Action::Forward);
 }
 
 void RunController::RunStarted() {

@@ -5,6 +5,7 @@
 #include <QObject>
 
 class ctlRun;
+class QTimer;
 class RunEngine;
 
 // Answers the console's events. The console decides nothing: each press of
@@ -51,12 +52,19 @@ public:
     void IncreaseSize();
     void DecreaseSize();
 
+    // A picture with a display time goes on by itself when its time is up,
+    // as if Forward had been pressed.
+    void tmrAutoAdvance_Timer();
+    QTimer* tmrAutoAdvance;
+
 signals:
     // The run is over (the console's End outside a prop, or Esc).
     void RunEndRequested();
 
 private:
     void Connect();
+    void Engine_SlideChanged();
+    QString SlidePlace() const;
     void TellPart();
     void TellItem();
     void TellEndOfItem();
@@ -66,4 +74,5 @@ private:
     RunEngine& m_engine;
     ctlRun* m_console;
     bool m_inProjectorCall = false;
+    QString m_timedSlide; // which slide the auto-advance timer runs for
 };

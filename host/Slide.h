@@ -36,7 +36,8 @@ struct Slide {
     QString picturePath;      // Kind::Picture
     QStringList backgrounds;  // background pictures, shown in turn
     int changeBackgroundEverySeconds = 0;
-    int partIndex = 0; // 0-based part of the item
+    int secondsToShow = 0; // a picture shown for a time, then the run goes on; 0 until a press
+    int partIndex = 0;     // 0-based part of the item
     int partCount = 1;
     int partType = PartNone;
 

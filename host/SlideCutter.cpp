@@ -16,6 +16,7 @@ QList<Slide> SlideCutter::Cut(const RunItem& item) const {
         picture.kind = Slide::Kind::Picture;
         picture.picturePath = item.filePath;
         picture.title.clear();
+        picture.secondsToShow = qMax(0, item.secondsToRun);
         return {picture};
     }
     if (!item.parts.isEmpty())

@@ -56,6 +56,8 @@ private slots:
     void increaseAndDecreaseSizeChangeTheProjectedFont();
     void operatorKeysPressTheConsoleButtons();
     void singleItemRunStepsTheItemAndAGalleryItemTakesItsPlace();
+    void pictureWithADisplayTimeGoesOnByItself();
+    void pressBeforeThePicturesTimeStopsTheClock();
     void consoleFollowsAsTheTestHostWouldHaveIt();
 
 private:
@@ -405,6 +407,40 @@ void tst_RunController::singleItemRunStepsTheItemAndAGalleryItemTakesItsPlace() 
     QCOMPARE(engine->ItemServiceItemID(0), prayer);
     QCOMPARE(engine->CurrentSlide().Words(), QStringLiteral("Almighty God"));
     QTRY_COMPARE(console->cmdForward->toolTip(), Finish);
+}
+
+void tst_RunController::pictureWithADisplayTimeGoesOnByItself() {
+    const QString file = db->WriteContentFile(QStringLiteral("sunrise.png"));
+    const qint32 picture = db->AddServiceItem(TestDatabase::Picture, QStringLiteral("Sunrise"));
+    QVERIFY(db->Exec(QStringLiteral("UPDATE ServiceItems SET SecondsToRun = 5, "
+                                    "ServiceItemFilename = ? WHERE ServiceItemID = ?"),
+                     {file, picture}));
+    service = db->AddService(QStringLiteral("Dawn"), {{picture}, {prayer}});
+    Start();
+    QCOMPARE(engine->CurrentSlide().kind, Slide::Kind::Picture);
+    QVERIFY(controller->tmrAutoAdvance->isActive());
+    QCOMPARE(controller->tmrAutoAdvance->interval(), 5000);
+    console->chkProjectorOn->click(); // blacking out leaves the clock running
+    QVERIFY(controller->tmrAutoAdvance->isActive());
+    controller->tmrAutoAdvance_Timer();
+    QCOMPARE(Where(), QStringLiteral("1.0"));
+    QCOMPARE(BoldRows(console->tvwRun), QList<qint32>({3}));
+    QVERIFY(!controller->tmrAutoAdvance->isActive());
+}
+
+void tst_RunController::pressBeforeThePicturesTimeStopsTheClock() {
+    const qint32 picture = db->AddServiceItem(TestDatabase::Picture, QStringLiteral("Sunrise"));
+    QVERIFY(
+        db->Exec(QStringLiteral("UPDATE ServiceItems SET SecondsToRun = 5 WHERE ServiceItemID = ?"),
+                 {picture}));
+    service = db->AddService(QStringLiteral("Dawn"), {{picture}, {prayer}, {song}});
+    Start();
+    QVERIFY(controller->tmrAutoAdvance->isActive());
+    console->cmdForward->click();
+    QCOMPARE(Where(), QStringLiteral("1.0"));
+    QVERIFY(!controller->tmrAutoAdvance->isActive());
+    controller->tmrAutoAdvance_Timer(); // a late tick moves nothing
+    QCOMPARE(Where(), QStringLiteral("1.0"));
 }
 
 // The same presses on two consoles, one answered by the test host of the
