@@ -9,8 +9,8 @@
 // bench/README.md for the figures of the last run and what they mean.
 
 #include "DataAccess.h"
+#include "LargeDatabase.h"
 #include "Recordset.h"
-#include "TestDatabase.h"
 #include "foundations/VBStatusBar.h"
 #include "foundations/VBTreeWidget.h"
 #include "galleries/ctlServiceItemGallery.h"
@@ -33,73 +33,6 @@
 #include <functional>
 
 namespace {
-
-// ---------------------------------------------------------------- Generated data
-
-const QStringList kWords = {"grace",  "light",   "shepherd", "glory", "peace", "hope",
-                            "praise", "mercy",   "kingdom",  "joy",   "faith", "love",
-                            "spirit", "morning", "evening",  "cross", "river", "harvest"};
-
-bool Exec(QSqlQuery& q, const QVariantList& values) {
-    for (int i = 0; i < values.size(); ++i)
-        q.bindValue(i, values.at(i));
-    if (!q.exec()) {
-        std::fprintf(stderr, "insert failed: %s\n", qPrintable(q.lastError().text()));
-        return false;
-    }
-    return true;
-}
-
-// Items of every type with descriptions, contents, sources, providers; about a third
-// with one keyword and a third with two; points lists with three points each.
-bool Generate(qint32 lngItems) {
-    QSqlDatabase db = DataAccess::Instance().Database();
-    db.transaction();
-    QSqlQuery item(db);
-    item.prepare("INSERT INTO ServiceItems (ServiceItemTypeID, ServiceItemDescription, "
-                 "ServiceItemContent, ServiceItemSource, ServiceItemProvider, ServiceItemNotes, "
-                 "ServiceItemDateCreated) VALUES (?, ?, ?, ?, ?, ?, ?)");
-    QSqlQuery keyword(db);
-    keyword.prepare("INSERT INTO KeyWords (KeywordText) VALUES (?)");
-    QSqlQuery link(db);
-    link.prepare("INSERT INTO ServiceItemKeywords (ServiceItemID, KeywordID) VALUES (?, ?)");
-    QSqlQuery point(db);
-    point.prepare("INSERT INTO ServiceItemPoints (ServiceItemID, Position, PointKey, "
-                  "ParentPointKey, PointText) VALUES (?, ?, ?, '', ?)");
-
-    QList<qint64> keywordIds;
-    for (int k = 0; k < 40; ++k) {
-        if (!Exec(keyword, {QString("%1 %2").arg(kWords.at(k % kWords.size())).arg(k)}))
-            return false;
-        keywordIds << keyword.lastInsertId().toLongLong();
-    }
-    const QDateTime start(QDate(2020, 1, 1), QTime(9, 0));
-    for (qint32 i = 0; i < lngItems; ++i) {
-        const qint32 type = 1 + i % 17;
-        const QString word = kWords.at(i % kWords.size());
-        const QVariant source = i % 7 == 0 ? QVariant(QMetaType::fromType<QString>())
-                                           : QVariant(QString("Source %1").arg(i % 40));
-        const QVariant provider = i % 5 == 0 ? QVariant(QMetaType::fromType<QString>())
-                                             : QVariant(QString("Provider %1").arg(i % 10));
-        if (!Exec(item,
-                  {type,
-                   QString("%1 of %2 no. %3").arg(word, kWords.at((i / 3) % kWords.size())).arg(i),
-                   QString("The words of %1, verse after verse, line after line.").arg(word),
-                   source, provider, QString("Notes %1").arg(i),
-                   start.addSecs(60LL * i).toString("yyyy-MM-dd HH:mm:ss")}))
-            return false;
-        const qint64 id = item.lastInsertId().toLongLong();
-        for (int k = 0; k < i % 3; ++k)
-            if (!Exec(link, {id, keywordIds.at((i + 7 * k) % keywordIds.size())}))
-                return false;
-        if (type == 11)
-            for (int p = 1; p <= 3; ++p)
-                if (!Exec(point, {id, p, QString("P%1").arg(p),
-                                  QString("Point %1 of %2").arg(p).arg(word)}))
-                    return false;
-    }
-    return db.commit();
-}
 
 // ---------------------------------------------------------------- The bare query
 
@@ -194,9 +127,12 @@ struct Figures {
 Figures Measure(qint32 lngItems, int runs) {
     Figures fig;
     fig.items = lngItems;
-    TestDatabase db;
-    if (!db.IsValid() || !Generate(lngItems)) {
-        std::fprintf(stderr, "could not generate the database\n");
+    QTemporaryDir dir;
+    LargeDatabase::Options options;
+    options.serviceItems = lngItems;
+    QString strErrorMessage;
+    if (!LargeDatabase::Generate(dir.path() + "/Corvantis.pdb", options, strErrorMessage)) {
+        std::fprintf(stderr, "could not generate the database: %s\n", qPrintable(strErrorMessage));
         return fig;
     }
     const QString T = "a";
@@ -244,6 +180,7 @@ Figures Measure(qint32 lngItems, int runs) {
     fig.quickBare = Median(quickBare);
     fig.quickLibrary = Median(quickLibrary);
     fig.quickKey = Median(quickKey);
+    DataAccess::Instance().CloseDatabase();
     return fig;
 }
 
