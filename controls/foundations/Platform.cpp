@@ -1,5 +1,6 @@
 #include "foundations/Platform.h"
 
+#include "foundations/MediaSound.h"
 #include "foundations/Twips.h"
 #include "foundations/VBError.h"
 #include "foundations/modQVLTControls.h"
@@ -513,4 +514,8 @@ qint32 Platform::TwipsPerPixelX() {
 
 qint32 Platform::TwipsPerPixelY() {
     return Twips::PerPixel;
+}
+
+std::unique_ptr<MediaSound> Platform::CreateMediaSound() {
+    return std::make_unique<QtMediaSound>();
 }

@@ -9,6 +9,9 @@
 #include <QRect>
 #include <QString>
 
+#include <memory>
+
+class MediaSound;
 class QWidget;
 
 // Flags of the monitor look-ups: what to answer for an area that lies on no
@@ -36,9 +39,10 @@ struct MonitorInfo {
 
 // Everything that a person or the machine provides goes through this class:
 // message boxes and questions, file, font and colour dialogs, message pumping,
-// the shell, key strokes to the host, file existence, monitors and metrics, and
-// the desktop grab. Each virtual member has the Qt behaviour as its default, so
-// that a test installs a subclass that scripts only what it needs.
+// the shell, key strokes to the host, file existence, monitors and metrics, the
+// desktop grab and the sound of media players. Each virtual member has the Qt
+// behaviour as its default, so that a test installs a subclass that scripts
+// only what it needs.
 class Platform {
 public:
     virtual ~Platform();
@@ -112,6 +116,11 @@ public:
     // every display this system knows).
     virtual qint32 TwipsPerPixelX();
     virtual qint32 TwipsPerPixelY();
+
+    // The sound behind a media player widget (foundations/MediaSound.h): Qt
+    // Multimedia on the Qt platform. Each player asks once, when it first loads
+    // a file.
+    virtual std::unique_ptr<MediaSound> CreateMediaSound();
 
     Platform() = default;
     Platform(const Platform&) = delete;

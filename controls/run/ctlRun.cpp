@@ -13,6 +13,7 @@
 #include "foundations/VBImageList.h"
 #include "foundations/VBTreeWidget.h"
 #include "galleries/ctlServiceItemGallery.h"
+#include "run/MediaPlayer.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
@@ -169,7 +170,7 @@ void ctlRun::CreateMainFrame() {
     Place(imgMirror, 120, 2340, 2040, 1530);
     imgMirror->setScaledContents(true);
     imgMirror->setFrameShape(QFrame::Box);
-    MediaPlayer2 = Named(new QWidget(fraMain), QStringLiteral("MediaPlayer2"));
+    MediaPlayer2 = Named(new MediaPlayer(fraMain), QStringLiteral("MediaPlayer2"));
     Place(MediaPlayer2, 2280, 2340, 1965, 480);
     MediaPlayer2->hide();
 

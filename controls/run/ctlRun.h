@@ -1,8 +1,12 @@
 #pragma once
 
+#include "run/MediaPlayer.h"
+
+#include <QList>
 #include <QPixmap>
 #include <QRect>
 #include <QString>
+#include <QVariant>
 #include <QWidget>
 
 class QCheckBox;
@@ -93,13 +97,25 @@ public:
     void JustDecreasedSize();
 
     // ---- Mirror and music ----
+    // imgMirror shows GetOLEScreenSnapshot. Called after each action of the
+    // operator that moves the projector (and by cmdRefresh); there is no timer.
     void RefreshScreenMirror();
-    // A still picture of the projector monitor; empty while ProjectorRect is zeros.
+    // A still picture of the projector monitor, grabbed by Platform::GrabDesktop:
+    // ProjectorRect's width and height from x = its left and y = 0 of the desktop
+    // (its top is not used). Empty while ProjectorRect is zeros.
     QPixmap GetOLEScreenSnapshot();
-    // 0 loaded (or moved file reported), 1 handled through another item,
-    // 2 item or file look-up failed, 3 file moved or missing.
+    // Loads the music of item lngSIID into MediaPlayer2 (a music item's own
+    // file, or the file or music item named by its ServiceItemMusic) and plays
+    // it when the AutoPlayMusic option is on. Shows the item's StartMusicPrompt
+    // first, titled "Prompt". Answers
+    //   0 loaded, or a music item's file has moved and the user was told
+    //   1 the music link named another item, played by a call of its own
+    //   2 the item is not there, or the look-up of its file failed
+    //   3 a linked file has moved (the link is cleared), or a music item has no file
+    // A failure shows the full error box and answers 0.
     qint16 PlayMusic(qint32 lngSIID, QString& strErrorMessage);
     qint16 PlayMusic(qint32 lngSIID);
+    // The AutoPlayMusic option. No handler.
     bool ShouldAutoPlayMusic();
     // Left, top, width and height of the projector monitor in desktop pixels;
     // all zeros with one monitor.
@@ -127,7 +143,7 @@ public:
     QLabel* lblPropType = nullptr;
     QLabel* lblPropDescription = nullptr;
     VBTreeWidget* lvwPropSIContent = nullptr;
-    QWidget* MediaPlayer2 = nullptr;
+    MediaPlayer* MediaPlayer2 = nullptr;
     QLabel* imgMirror = nullptr;
     QPushButton* cmdBack = nullptr;
     QPushButton* cmdForward = nullptr;
@@ -184,6 +200,8 @@ private slots:
 
 private:
     friend class tst_ctlRun_SongSequence;
+    friend class tst_ctlRun_Mirror;
+    friend class tst_ctlRun_TwoScreens;
 
     // Frame (ctlRun.cpp).
     void UserControl_Initialize();
@@ -221,13 +239,20 @@ private:
 
     // Prop bag (ctlRun_PropBag.cpp).
     void AddServicePropBagItems(qint32 lngService, QString& strErrorMessage);
+    bool AddServicePropBagItem(qint32 lngPropSIID, QString& strErrorMessage);
 
     // Music (ctlRun_Music.cpp).
     qint16 PlayMusicOfItem(qint32 lngSIID, QString& strErrorMessage);
+    qint16 PlayMusicOfMusicItem(qint32 lngSIID, QString& strErrorMessage);
+    qint16 PlayMusicOfLink(qint32 lngSIID, const QVariant& varMusic, QString& strErrorMessage);
+    void TellMusicFileMoved();
+    void LoadMusic(const QString& strPath);
     void StopMusic();
 
-    // Mirror and monitors (ctlRun_Mirror.cpp).
+    // Mirror, monitors and the projector window (ctlRun_Mirror.cpp).
     void FindProjectorRect();
+    // The host's projector window, or nullptr (also in hWnd); see the .cpp.
+    QWidget* GetProjectorWindowHandle(QWidget*& hWnd);
 
     // The running service; 0 from creation, set only by setRunningService,
     // never reset. Non-zero means a service run, 0 a run of one item by itself.
@@ -236,4 +261,7 @@ private:
     // Tested by SSTab1_Click, never set.
     bool m_blnGeneralTabLoaded = false;
     bool m_blnShown = false;
+    // The items whose music is being looked up, outermost first: a music link
+    // that leads back to one of them is a loop.
+    QList<qint32> m_lstMusicChain;
 };

@@ -1,13 +1,22 @@
 // The mirror of the projector picture, and where the projector is.
 #include "run/ctlRun.h"
 
+#include "foundations/ErrorReport.h"
 #include "foundations/Platform.h"
 #include "foundations/TraceLine.h"
 #include "run/clsMonitors.h"
 
+#include <QApplication>
 #include <QLabel>
 
 #include <memory>
+
+namespace {
+// The projector window of the host: its title starts with this word, and its
+// class is the host's ProjectorWindow (host/ProjectorWindow.h).
+const QString ProjectorWindowTitle = QStringLiteral("CorvantisRunForm");
+const QString ProjectorWindowClass = QStringLiteral("ProjectorWindow");
+} // namespace
 
 // No handler. The trace prefix carries a stray apostrophe, as it always has.
 void ctlRun::RefreshScreenMirror() {
@@ -37,4 +46,39 @@ void ctlRun::FindProjectorRect() {
     const clsMonitor& objProjector = colMonitors.Item(2);
     m_ProjectorRect =
         QRect(objProjector.Left() + 1, 0, objProjector.Width(), objProjector.Height());
+}
+
+// The host's projector window: the first top-level window whose title starts
+// with "CorvantisRunForm" and whose class is the host's ProjectorWindow. The
+// class test compares the class name that Qt's meta-object system reports
+// (metaObject()->className(), up to 255 characters, as a window class name is
+// read), not objectName(): a window is recognised by what it is, as the
+// platform's class test did, and a subclass of ProjectorWindow carries a name
+// of its own and is not taken. Top-level windows are walked in the order
+// QApplication::topLevelWidgets gives them, hidden ones included. Nothing in
+// the console calls this today: the title and the class are the contract with
+// the host. Failure: the full error box, and the answer nullptr.
+QWidget* ctlRun::GetProjectorWindowHandle(QWidget*& hWnd) {
+    TraceLine("ctlRun", "GetProjectorWindowHandle").Write();
+    hWnd = nullptr;
+    ErrorReport::TryFullErrorBox(
+        ErrorReport::FullSource(QStringLiteral("ctlRun"),
+                                QStringLiteral("GetProjectorWindowHandle")),
+        [&] {
+            const QWidgetList windows = QApplication::topLevelWidgets();
+            for (QWidget* window : windows) {
+                if (!window->isWindow())
+                    continue;
+                const QString strTitle = window->windowTitle().left(255);
+                if (strTitle.left(16) != ProjectorWindowTitle)
+                    continue;
+                const QString strClass =
+                    QString::fromLatin1(window->metaObject()->className()).left(255);
+                if (strClass == ProjectorWindowClass) {
+                    hWnd = window;
+                    return;
+                }
+            }
+        });
+    return hWnd;
 }

@@ -9,6 +9,7 @@
 #include "foundations/VBError.h"
 #include "foundations/VBRuntime.h"
 #include "foundations/VBTreeWidget.h"
+#include "run/MediaPlayer.h"
 
 #include <QGroupBox>
 #include <QLabel>

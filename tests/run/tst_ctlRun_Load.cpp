@@ -425,8 +425,10 @@ void tst_ctlRun_Load::unknownIdDuringAPropKeepsThePropCaptions() {
 }
 
 void tst_ctlRun_Load::blankItemShowsBlankLabelsWithoutTypeLookupAndExaminesItsMusic() {
-    QVERIFY(db->Exec(QStringLiteral(
-        "UPDATE ServiceItems SET ServiceItemMusic = 'organ.mp3' WHERE ServiceItemID = 1")));
+    const QString organ = db->WriteContentFile(QStringLiteral("organ.mp3"));
+    QVERIFY(db->Exec(
+        QStringLiteral("UPDATE ServiceItems SET ServiceItemMusic = ? WHERE ServiceItemID = 1"),
+        {organ}));
     const qint32 prayer = AddPrayer();
     console->setRunningService(
         db->AddService(QStringLiteral("Morning"), {{prayer}, TestDatabase::Blank()}));
@@ -439,6 +441,8 @@ void tst_ctlRun_Load::blankItemShowsBlankLabelsWithoutTypeLookupAndExaminesItsMu
     QVERIFY(console->lblSIDescription->text().isEmpty());
     QVERIFY(trace.ConsoleLines().contains(
         RunLine(QStringLiteral("PlayMusic"), QStringLiteral("lngSIID = 1, strErrorMessage = , "))));
+    QVERIFY(platform->SoundCalls().contains(QStringLiteral("Load ") + organ));
+    QVERIFY(!console->MediaPlayer2->isHidden());
 }
 
 void tst_ctlRun_Load::blankPropGoesToThePropLabels() {
@@ -526,9 +530,10 @@ void tst_ctlRun_Load::descriptionIsDecodedWithoutTestForTheMarker() {
 void tst_ctlRun_Load::pictureItemShowsNoPartListAndPlaysItsMusic() {
     const qint32 song = AddAmazingGrace();
     const qint32 picture = db->AddServiceItem(TestDatabase::Picture, QStringLiteral("Cross"));
-    QVERIFY(db->Exec(QStringLiteral("UPDATE ServiceItems SET ServiceItemMusic = 'calm.mp3' "
-                                    "WHERE ServiceItemID = ?"),
-                     {picture}));
+    const QString calm = db->WriteContentFile(QStringLiteral("calm.mp3"));
+    QVERIFY(db->Exec(
+        QStringLiteral("UPDATE ServiceItems SET ServiceItemMusic = ? WHERE ServiceItemID = ?"),
+        {calm, picture}));
     console->setRunningService(db->AddService(QStringLiteral("Morning"), {{song}, {picture}}));
     QVERIFY(!console->lvwSIContent->isHidden());
     TraceTail trace;
@@ -546,19 +551,24 @@ void tst_ctlRun_Load::pictureItemShowsNoPartListAndPlaysItsMusic() {
                              QStringLiteral("lngSIID = %1, strErrorMessage = , ").arg(picture))}));
     QVERIFY(lines.filter(QStringLiteral(":SetupSong @")).isEmpty());
     QCOMPARE(console->cmdEnd->text(), QStringLiteral("&End"));
+    QCOMPARE(console->MediaPlayer2->FileName(), calm);
+    QVERIFY(!console->MediaPlayer2->isHidden());
 }
 
 void tst_ctlRun_Load::musicItemPlaysItsMusicOnce() {
     const qint32 music = db->AddServiceItem(TestDatabase::Music, QStringLiteral("Prelude"));
-    QVERIFY(db->Exec(QStringLiteral("UPDATE ServiceItems SET ServiceItemMusic = 'prelude.mp3' "
-                                    "WHERE ServiceItemID = ?"),
-                     {music}));
+    const QString prelude = db->WriteContentFile(QStringLiteral("prelude.mp3"));
+    QVERIFY(db->Exec(QStringLiteral("UPDATE ServiceItems SET ServiceItemFilename = ?, "
+                                    "ServiceItemMusic = ? WHERE ServiceItemID = ?"),
+                     {prelude, prelude, music}));
     console->setRunningService(db->AddService(QStringLiteral("Morning"), {{AddPrayer()}, {music}}));
     TraceTail trace;
 
     console->ShowServiceSIAsRunning(2, 0, 0);
 
     QCOMPARE(trace.ConsoleLines().filter(QStringLiteral(":PlayMusic @")).size(), 1);
+    QCOMPARE(platform->SoundCalls().filter(QStringLiteral("Load ")),
+             QStringList({QStringLiteral("Load ") + prelude}));
     QCOMPARE(console->lblSIType->text(), QStringLiteral("Music"));
     QVERIFY(console->lvwSIContent->isHidden());
 }
@@ -572,9 +582,10 @@ void tst_ctlRun_Load::textItemWithoutMusicPlaysNothing() {
 
 void tst_ctlRun_Load::songWithMusicBuildsItsPartsAndPlaysItsMusic() {
     const qint32 song = AddAmazingGrace();
-    QVERIFY(db->Exec(QStringLiteral("UPDATE ServiceItems SET ServiceItemMusic = 'grace.mid' "
-                                    "WHERE ServiceItemID = ?"),
-                     {song}));
+    const QString grace = db->WriteContentFile(QStringLiteral("grace.mid"));
+    QVERIFY(db->Exec(
+        QStringLiteral("UPDATE ServiceItems SET ServiceItemMusic = ? WHERE ServiceItemID = ?"),
+        {grace, song}));
     console->setRunningService(db->AddService(QStringLiteral("Morning"), {{AddPrayer()}, {song}}));
     TraceTail trace;
 
@@ -592,6 +603,7 @@ void tst_ctlRun_Load::songWithMusicBuildsItsPartsAndPlaysItsMusic() {
     QVERIFY(setup >= 0);
     QVERIFY(music > setup);
     QCOMPARE(lines.filter(QStringLiteral(":PlayMusic @")).size(), 1);
+    QCOMPARE(console->MediaPlayer2->FileName(), grace);
 }
 
 void tst_ctlRun_Load::textItemShowsNoPartList() {

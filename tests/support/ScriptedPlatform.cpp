@@ -300,6 +300,36 @@ qint32 ScriptedPlatform::TwipsPerPixelY() {
     return m_twipsPerPixel ? m_twipsPerPixel->y() : Platform::TwipsPerPixelY();
 }
 
+// ---- Sound of media players ------------------------------------------------------
+
+namespace {
+
+// A silent sound that writes down what its player asked of it.
+class RecordedSound : public MediaSound {
+public:
+    explicit RecordedSound(std::shared_ptr<QStringList> calls) : m_calls(std::move(calls)) {}
+    void Load(const QString& strFile) override {
+        m_calls->append(QStringLiteral("Load ") + strFile);
+    }
+    void Play() override { m_calls->append(QStringLiteral("Play")); }
+    void Stop() override { m_calls->append(QStringLiteral("Stop")); }
+
+private:
+    std::shared_ptr<QStringList> m_calls;
+};
+
+} // namespace
+
+std::unique_ptr<MediaSound> ScriptedPlatform::CreateMediaSound() {
+    auto sound = std::make_unique<RecordedSound>(m_soundCalls);
+    m_lastSound = sound.get();
+    return sound;
+}
+
+MediaSound* ScriptedPlatform::LastSound() const {
+    return m_lastSound.data();
+}
+
 void ScriptedPlatform::ClearRecords() {
     m_boxes.clear();
     m_dialogs.clear();
@@ -310,4 +340,5 @@ void ScriptedPlatform::ClearRecords() {
     m_grabs.clear();
     m_monitorLookups.clear();
     m_monitorInfoCalls.clear();
+    m_soundCalls->clear();
 }

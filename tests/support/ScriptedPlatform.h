@@ -1,15 +1,18 @@
 #pragma once
 
+#include "foundations/MediaSound.h"
 #include "foundations/Platform.h"
 
 #include <QFont>
 #include <QHash>
 #include <QList>
 #include <QPixmap>
+#include <QPointer>
 #include <QRect>
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <memory>
 #include <optional>
 
 // The Platform of a test: it records every call and answers from what the test
@@ -38,9 +41,10 @@
 // Everything else has a harmless scripted default: ShellExecute answers 42
 // (done) and starts nothing, OpenWith and SendKeys are only recorded,
 // DoEvents pumps pending events (and runs the hook, if set), FileExists looks
-// at the real file system unless SetFileExists overrides a path, and
+// at the real file system unless SetFileExists overrides a path,
 // monitors, metrics and the desktop grab are the real (offscreen) ones until
-// scripted.
+// scripted, and media players are silent: what they ask of their sound is
+// recorded in SoundCalls().
 class ScriptedPlatform : public Platform {
 public:
     ScriptedPlatform();
@@ -130,6 +134,14 @@ public:
     };
     const QList<MonitorInfoCall>& MonitorInfoCalls() const { return m_monitorInfoCalls; }
 
+    // ---- Sound of media players ------------------------------------------------
+    // What every media player asked of its sound, in order: "Load " + the file,
+    // "Play", "Stop". Nothing is played.
+    QStringList SoundCalls() const { return *m_soundCalls; }
+    // The sound made last, or nullptr; a test plays a file to its end with
+    // emit platform.LastSound()->Finished().
+    MediaSound* LastSound() const;
+
     // Forgets the records (not the queues).
     void ClearRecords();
 
@@ -158,6 +170,7 @@ public:
     bool GetMonitorInfo(qint32 hMonitor, MonitorInfo& lpmi) override;
     qint32 TwipsPerPixelX() override;
     qint32 TwipsPerPixelY() override;
+    std::unique_ptr<MediaSound> CreateMediaSound() override;
 
 private:
     void fail(const QString& strWhy);
@@ -190,5 +203,8 @@ private:
     std::optional<QPoint> m_twipsPerPixel;
     QList<MonitorLookup> m_monitorLookups;
     QList<MonitorInfoCall> m_monitorInfoCalls;
+    // Shared with the sounds made, which may outlive this platform.
+    std::shared_ptr<QStringList> m_soundCalls = std::make_shared<QStringList>();
+    QPointer<MediaSound> m_lastSound;
     Platform* m_previous = nullptr;
 };
