@@ -7,6 +7,8 @@
 #include <QSqlError>
 #include <QSqlRecord>
 
+#include <vector>
+
 namespace {
 
 QHash<QString, JetWhere::Kind>& Kinds() {
@@ -30,20 +32,84 @@ JetWhere::Kind KindOfDeclared(const QString& declared) {
     return JetWhere::Kind::Text;
 }
 
-QVariant Convert(const QVariant& raw, JetWhere::Kind kind) {
-    if (raw.isNull())
-        return QVariant();
-    if (kind == JetWhere::Kind::Boolean)
-        return raw.toLongLong() != 0;
-    if (kind == JetWhere::Kind::Date) {
-        QDateTime when =
-            QDateTime::fromString(raw.toString(), QStringLiteral("yyyy-MM-dd HH:mm:ss"));
-        if (!when.isValid())
-            when = QDateTime::fromString(raw.toString(), Qt::ISODate);
-        return when.isValid() ? QVariant(when) : raw;
+// The digits of text[from, from + count) as a number; false if any of them is no digit.
+bool ReadDigits(QStringView text, qsizetype from, qsizetype count, int& value) {
+    value = 0;
+    for (qsizetype i = from; i < from + count; ++i) {
+        const char16_t c = text[i].unicode();
+        if (c < u'0' || c > u'9')
+            return false;
+        value = value * 10 + (c - u'0');
     }
-    return raw;
+    return true;
 }
+
+// The stored form of a date, "YYYY-MM-DD HH:MM:SS", read by hand into a local time. Parsing
+// with a format string is slow, and each local-time conversion makes the C library look at
+// the time zone file again, so the value is built once. False for a text of another form, a
+// day or time that does not exist, or a local time that a summer-time change moves: those take
+// the general road, so that every value comes out as it always did.
+bool ParseStoredDate(QStringView text, QDateTime& when) {
+    if (text.size() != 19 || text[4] != u'-' || text[7] != u'-' || text[10] != u' ' ||
+        text[13] != u':' || text[16] != u':')
+        return false;
+    int year = 0, month = 0, day = 0, hour = 0, minute = 0, second = 0;
+    if (!ReadDigits(text, 0, 4, year) || !ReadDigits(text, 5, 2, month) ||
+        !ReadDigits(text, 8, 2, day) || !ReadDigits(text, 11, 2, hour) ||
+        !ReadDigits(text, 14, 2, minute) || !ReadDigits(text, 17, 2, second))
+        return false;
+    const QDate date(year, month, day);
+    const QTime time(hour, minute, second);
+    if (!date.isValid() || !time.isValid())
+        return false;
+    when = QDateTime(date, time, Qt::LocalTime);
+    return when.isValid() && when.date() == date && when.time() == time;
+}
+
+QVariant ConvertDate(const QVariant& raw) {
+    const QString text = raw.toString();
+    QDateTime when;
+    if (ParseStoredDate(text, when))
+        return when;
+    when = QDateTime::fromString(text, QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+    if (!when.isValid())
+        when = QDateTime::fromString(text, Qt::ISODate);
+    return when.isValid() ? QVariant(when) : raw;
+}
+
+// How the values of one column are handed out. A date column remembers its last text and
+// value: the rows of one item in a joined query repeat it, and converting it costs most.
+struct ColumnReader {
+    JetWhere::Kind kind = JetWhere::Kind::Text;
+    QString lastText;
+    QVariant lastValue;
+    bool hasLast = false;
+
+    QVariant Convert(const QVariant& raw) {
+        if (raw.isNull())
+            return QVariant();
+        switch (kind) {
+        case JetWhere::Kind::Boolean:
+            return raw.toLongLong() != 0;
+        case JetWhere::Kind::Date:
+            return ConvertDateOnce(raw);
+        default:
+            return raw;
+        }
+    }
+
+    QVariant ConvertDateOnce(const QVariant& raw) {
+        if (raw.typeId() != QMetaType::QString)
+            return ConvertDate(raw);
+        const QString text = raw.toString();
+        if (!hasLast || text != lastText) {
+            lastValue = ConvertDate(raw);
+            lastText = text;
+            hasLast = true;
+        }
+        return lastValue;
+    }
+};
 
 int g_savepointCounter = 0;
 
@@ -98,27 +164,29 @@ bool DataAccessPrivate::Select(const QString& sql, const QVariantList& params,
     if (!Exec(sql, params, strErrorMessage, operation, &q))
         return false;
     const QSqlRecord record = q.record();
+    const int count = record.count();
     QList<Recordset::Column> columns;
-    QList<JetWhere::Kind> kinds;
-    for (int i = 0; i < record.count(); ++i) {
+    columns.reserve(count);
+    std::vector<ColumnReader> readers(static_cast<size_t>(count));
+    for (int i = 0; i < count; ++i) {
         const QString name = record.fieldName(i);
         const qsizetype dot = name.lastIndexOf('.');
         columns << Recordset::Column{dot >= 0 ? name.left(dot) : QString(), name.mid(dot + 1)};
-        kinds << KindOf(name.mid(dot + 1));
+        readers[static_cast<size_t>(i)].kind = KindOf(name.mid(dot + 1));
     }
     QList<QVariantList> rows;
     while (q.next()) {
         QVariantList row;
-        row.reserve(columns.size());
-        for (int i = 0; i < columns.size(); ++i)
-            row << Convert(q.value(i), kinds[i]);
-        rows << row;
+        row.reserve(count);
+        for (int i = 0; i < count; ++i)
+            row.append(readers[static_cast<size_t>(i)].Convert(q.value(i)));
+        rows.append(std::move(row));
     }
     if (q.lastError().isValid()) {
         Fail(strErrorMessage, operation, q.lastError().text());
         return false;
     }
-    rs = std::make_unique<Recordset>(columns, rows);
+    rs = std::make_unique<Recordset>(std::move(columns), std::move(rows));
     return true;
 }
 
