@@ -49,6 +49,11 @@ class ctlServiceItemGallery;
 //   EndRun                      ends the run, or ends the prop and calls PropRunEnded
 //   Increase/DecreaseSize       JustIncreasedSize / JustDecreasedSize
 //
+// The projector: ProjectorRect is the second monitor of clsMonitors, found at
+// initialise; the mirror imgMirror is a still grab of it, refreshed after the
+// operator's actions. The host's projector window carries the title
+// "CorvantisRunForm" and is of the class ProjectorWindow.
+//
 // Failures: RunningService, ShowServiceSIAsRunning, ShowSIAsRunning and
 // SIPartChanged have no handler, so a failure inside them (all rows of a
 // service hidden, an index beyond the nodes or rows) reaches the caller as a
@@ -251,7 +256,12 @@ private:
 
     // Mirror, monitors and the projector window (ctlRun_Mirror.cpp).
     void FindProjectorRect();
-    // The host's projector window, or nullptr (also in hWnd); see the .cpp.
+    // The host's projector window: the first top-level window whose title
+    // starts with "CorvantisRunForm" and whose class name, as
+    // metaObject()->className() gives it, is "ProjectorWindow" (the host's
+    // host/ProjectorWindow.h); nullptr when there is none. The answer also goes
+    // to hWnd. Nothing calls it today: title and class are the contract with
+    // the host.
     QWidget* GetProjectorWindowHandle(QWidget*& hWnd);
 
     // The running service; 0 from creation, set only by setRunningService,
