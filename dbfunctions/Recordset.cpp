@@ -2,8 +2,46 @@
 
 #include "TraceLog.h"
 
+namespace {
+// Spellings remembered at most: callers use a handful; a caller that makes up names by the
+// thousand starts the memory afresh.
+constexpr qsizetype kMaxLookups = 256;
+} // namespace
+
 Recordset::Recordset(QList<Column> columns, QList<QVariantList> rows)
-    : m_columns(std::move(columns)), m_rows(std::move(rows)) {}
+    : m_columns(std::move(columns)), m_rows(std::move(rows)) {
+    IndexColumns();
+}
+
+// Each UTF-16 unit folded as QString::compare(..., Qt::CaseInsensitive) folds it (a low
+// surrogate together with the high one before it), written as two units so that the key of a
+// folded code point beyond 0xFFFF cannot meet another.
+QString Recordset::CaseKey(QStringView text) {
+    QString key(text.size() * 2, Qt::Uninitialized);
+    QChar* out = key.data();
+    char16_t last = 0;
+    for (const QChar unit : text) {
+        char32_t code = unit.unicode();
+        if (QChar::isLowSurrogate(code) && QChar::isHighSurrogate(last))
+            code = QChar::surrogateToUcs4(last, unit.unicode());
+        last = unit.unicode();
+        const char32_t folded = QChar::toCaseFolded(code);
+        *out++ = QChar(static_cast<char16_t>(folded >> 16));
+        *out++ = QChar(static_cast<char16_t>(folded & 0xFFFF));
+    }
+    return key;
+}
+
+void Recordset::IndexColumns() {
+    for (qsizetype i = 0; i < m_columns.size(); ++i) {
+        const QString name = CaseKey(m_columns[i].name);
+        if (!m_byName.contains(name))
+            m_byName.insert(name, static_cast<qint32>(i));
+        const std::pair<QString, QString> tableName{CaseKey(m_columns[i].table), name};
+        if (!m_byTableName.contains(tableName))
+            m_byTableName.insert(tableName, static_cast<qint32>(i));
+    }
+}
 
 void Recordset::MoveNext() {
     if (m_current < m_rows.size())
@@ -15,25 +53,32 @@ void Recordset::MovePrevious() {
         --m_current;
 }
 
-// "Table.Name" matches a column of that table and name; "Name" the first column of that name.
 qint32 Recordset::FieldIndex(const QString& strName) const {
+    const auto known = m_lookups.constFind(strName);
+    if (known != m_lookups.cend())
+        return known.value();
+    const qint32 index = FindField(strName);
+    if (m_lookups.size() >= kMaxLookups)
+        m_lookups.clear();
+    m_lookups.insert(strName, index);
+    return index;
+}
+
+// "Table.Name" matches a column of that table and name; "Name" the first column of that name.
+qint32 Recordset::FindField(const QString& strName) const {
     const qsizetype dot = strName.lastIndexOf(QLatin1Char('.'));
     const QString table = dot >= 0 ? strName.left(dot).trimmed() : QString();
     QString name = strName.mid(dot + 1).trimmed();
     if (name.startsWith(QLatin1Char('[')) && name.endsWith(QLatin1Char(']')))
         name = name.mid(1, name.size() - 2);
-    for (qsizetype i = 0; i < m_columns.size(); ++i) {
-        const Column& column = m_columns[i];
-        if (column.name.compare(name, Qt::CaseInsensitive) != 0)
-            continue;
-        if (table.isEmpty() || column.table.compare(table, Qt::CaseInsensitive) == 0)
-            return static_cast<qint32>(i);
-    }
+    if (table.isEmpty())
+        return m_byName.value(CaseKey(name), -1);
+    const auto found = m_byTableName.constFind({CaseKey(table), CaseKey(name)});
+    if (found != m_byTableName.cend())
+        return found.value();
     // A prefix that names no table of the row (a caller's spelling such as "Keywords." for
     // KeyWords) still finds a field of that name.
-    if (!table.isEmpty())
-        return FieldIndex(name);
-    return -1;
+    return FindField(name);
 }
 
 QVariant Recordset::Fields(const QString& strName) const {
@@ -50,9 +95,11 @@ QVariant Recordset::Fields(const QString& strName) const {
             QStringLiteral("QVLTDBFUNCTIONS:Recordset:Fields: No current record: ") + strName);
         return QVariant();
     }
-    const QString key = m_columns[index].name.toLower();
-    if (m_editing && m_changes.contains(key))
-        return m_changes.value(key);
+    if (m_editing) {
+        const auto changed = m_changes.constFind(m_columns[index].name.toLower());
+        if (changed != m_changes.cend())
+            return changed.value();
+    }
     return m_rows[m_current].value(index);
 }
 

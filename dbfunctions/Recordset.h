@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -17,7 +18,9 @@
 // Fields(name) finds a field by its name without regard to letter case. A name may carry a table
 // prefix ("Verses.VerseID", "ServiceItems.ServiceItemID"); a name without a prefix finds the
 // first field of that name. An unknown name, or reading while Eof(), gives an invalid QVariant
-// and writes an error line to the trace log.
+// and writes an error line to the trace log. The names are looked up in tables made once per
+// recordset, and each spelling a caller uses is remembered, so a look-up costs about the same
+// whatever the number of fields.
 //
 // Only the one row of DataAccess::GetOptions can be changed: Edit(), then SetField() for each
 // field, then Update() writes the changed fields to the database.
@@ -59,8 +62,15 @@ public:
 
 private:
     qint32 FieldIndex(const QString& strName) const;
+    qint32 FindField(const QString& strName) const;
+    void IndexColumns();
+    // A key under which two names are equal exactly when they are equal without regard to case.
+    static QString CaseKey(QStringView text);
 
     QList<Column> m_columns;
+    QHash<QString, qint32> m_byName;                          // first column of a name
+    QHash<std::pair<QString, QString>, qint32> m_byTableName; // first of a table and name
+    mutable QHash<QString, qint32> m_lookups; // the spellings asked for, as they were asked
     QList<QVariantList> m_rows;
     qsizetype m_current = 0;
     Writer m_writer;

@@ -164,6 +164,30 @@ private slots:
         QVERIFY(!rs.HasField("ServiceItemTypeID.ServiceItems"));
     }
 
+    void lettersBeyondAsciiMatchAsCaseInsensitiveComparisonDoes() {
+        const QStringList names = {"Größe", "Straße", "ΟΔΟΣ", "Ärger", "İl", "ǅemal", "𐐀x"};
+        const QStringList asked = {"GRÖßE", "größe", "GRÖSSE", "STRASSE", "straße", "οδος",
+                                   "οδοσ",  "ΟΔΟς",  "ärger",  "ÄRGER",   "il",     "i̇l",
+                                   "ǆemal", "Ǆemal", "𐐨X",     "𐐀X",      "x"};
+        QList<Recordset::Column> columns;
+        QVariantList row;
+        for (const QString& name : names) {
+            columns << Recordset::Column{QString(), name};
+            row << name;
+        }
+        Recordset rs(columns, {row});
+        for (const QString& spelling : asked) {
+            QVariant expected;
+            for (const QString& name : names)
+                if (name.compare(spelling, Qt::CaseInsensitive) == 0) {
+                    expected = name;
+                    break;
+                }
+            QVERIFY2(rs.Fields(spelling) == expected, qPrintable(spelling));
+            QVERIFY2(rs.Fields("Nowhere." + spelling) == expected, qPrintable(spelling));
+        }
+    }
+
     void unknownNameGivesInvalidValueAndAnErrorLine() {
         Recordset rs = TwoTables();
         QVERIFY(!rs.Fields("NoSuchField").isValid());
