@@ -7,7 +7,7 @@
 #include <QSqlError>
 #include <QSqlRecord>
 
-#include <vector>
+#include <memory>
 
 namespace {
 
@@ -77,38 +77,28 @@ QVariant ConvertDate(const QVariant& raw) {
     return when.isValid() ? QVariant(when) : raw;
 }
 
-// How the values of one column are handed out. A date column remembers its last text and
-// value: the rows of one item in a joined query repeat it, and converting it costs most.
-struct ColumnReader {
-    JetWhere::Kind kind = JetWhere::Kind::Text;
-    QString lastText;
-    QVariant lastValue;
-    bool hasLast = false;
-
-    QVariant Convert(const QVariant& raw) {
+// Converts the dates of one column when the Recordset first hands them out. It remembers the
+// last text and its value: the rows of one item in a joined query repeat it.
+class DateReader {
+public:
+    QVariant operator()(const QVariant& raw) {
         if (raw.isNull())
             return QVariant();
-        switch (kind) {
-        case JetWhere::Kind::Boolean:
-            return raw.toLongLong() != 0;
-        case JetWhere::Kind::Date:
-            return ConvertDateOnce(raw);
-        default:
-            return raw;
-        }
-    }
-
-    QVariant ConvertDateOnce(const QVariant& raw) {
         if (raw.typeId() != QMetaType::QString)
             return ConvertDate(raw);
         const QString text = raw.toString();
-        if (!hasLast || text != lastText) {
-            lastValue = ConvertDate(raw);
-            lastText = text;
-            hasLast = true;
+        if (!m_hasLast || text != m_lastText) {
+            m_lastValue = ConvertDate(raw);
+            m_lastText = text;
+            m_hasLast = true;
         }
-        return lastValue;
+        return m_lastValue;
     }
+
+private:
+    QString m_lastText;
+    QVariant m_lastValue;
+    bool m_hasLast = false;
 };
 
 int g_savepointCounter = 0;
@@ -167,26 +157,38 @@ bool DataAccessPrivate::Select(const QString& sql, const QVariantList& params,
     const int count = record.count();
     QList<Recordset::Column> columns;
     columns.reserve(count);
-    std::vector<ColumnReader> readers(static_cast<size_t>(count));
+    QList<bool> booleans;
     for (int i = 0; i < count; ++i) {
         const QString name = record.fieldName(i);
         const qsizetype dot = name.lastIndexOf('.');
-        columns << Recordset::Column{dot >= 0 ? name.left(dot) : QString(), name.mid(dot + 1)};
-        readers[static_cast<size_t>(i)].kind = KindOf(name.mid(dot + 1));
+        Recordset::Column column{dot >= 0 ? name.left(dot) : QString(), name.mid(dot + 1)};
+        const JetWhere::Kind kind = KindOf(column.name);
+        if (kind == JetWhere::Kind::Date) {
+            auto reader = std::make_shared<DateReader>();
+            column.convert = [reader](const QVariant& raw) { return (*reader)(raw); };
+        }
+        booleans << (kind == JetWhere::Kind::Boolean);
+        columns << std::move(column);
     }
-    QList<QVariantList> rows;
+    // Null becomes a plain null QVariant, booleans bool; dates are left to the Recordset.
+    // The rows one after the other in one list: one allocation for all, not one per row.
+    QVariantList values;
     while (q.next()) {
-        QVariantList row;
-        row.reserve(count);
-        for (int i = 0; i < count; ++i)
-            row.append(readers[static_cast<size_t>(i)].Convert(q.value(i)));
-        rows.append(std::move(row));
+        for (int i = 0; i < count; ++i) {
+            QVariant value = q.value(i);
+            if (value.isNull())
+                values.emplace_back();
+            else if (booleans.at(i))
+                values.emplace_back(value.toLongLong() != 0);
+            else
+                values.append(std::move(value));
+        }
     }
     if (q.lastError().isValid()) {
         Fail(strErrorMessage, operation, q.lastError().text());
         return false;
     }
-    rs = std::make_unique<Recordset>(std::move(columns), std::move(rows));
+    rs = std::make_unique<Recordset>(std::move(columns), std::move(values));
     return true;
 }
 

@@ -8,8 +8,19 @@ namespace {
 constexpr qsizetype kMaxLookups = 256;
 } // namespace
 
-Recordset::Recordset(QList<Column> columns, QList<QVariantList> rows)
-    : m_columns(std::move(columns)), m_rows(std::move(rows)) {
+Recordset::Recordset(QList<Column> columns, const QList<QVariantList>& rows)
+    : m_columns(std::move(columns)), m_rowCount(rows.size()) {
+    m_values.reserve(m_rowCount * m_columns.size());
+    for (const QVariantList& row : rows)
+        for (qsizetype i = 0; i < m_columns.size(); ++i)
+            m_values.append(row.value(i));
+    IndexColumns();
+}
+
+Recordset::Recordset(QList<Column> columns, QVariantList values)
+    : m_columns(std::move(columns)), m_values(std::move(values)),
+      m_rowCount(m_columns.isEmpty() ? 0 : m_values.size() / m_columns.size()) {
+    m_values.resize(m_rowCount * m_columns.size());
     IndexColumns();
 }
 
@@ -33,7 +44,10 @@ QString Recordset::CaseKey(QStringView text) {
 }
 
 void Recordset::IndexColumns() {
+    m_converted.resize(m_columns.size());
     for (qsizetype i = 0; i < m_columns.size(); ++i) {
+        if (m_columns[i].convert)
+            m_converted[i].resize(m_rowCount);
         const QString name = CaseKey(m_columns[i].name);
         if (!m_byName.contains(name))
             m_byName.insert(name, static_cast<qint32>(i));
@@ -44,7 +58,7 @@ void Recordset::IndexColumns() {
 }
 
 void Recordset::MoveNext() {
-    if (m_current < m_rows.size())
+    if (m_current < m_rowCount)
         ++m_current;
 }
 
@@ -100,7 +114,18 @@ QVariant Recordset::Fields(const QString& strName) const {
         if (changed != m_changes.cend())
             return changed.value();
     }
-    return m_rows[m_current].value(index);
+    return Value(m_current, index);
+}
+
+QVariant Recordset::Value(qsizetype row, qint32 column) const {
+    const qsizetype at = row * m_columns.size() + column;
+    const Column& info = m_columns.at(column);
+    if (!info.convert || m_converted.at(column).testBit(row))
+        return m_values.at(at);
+    QVariant& value = m_values[at];
+    value = info.convert(value);
+    m_converted[column].setBit(row);
+    return value;
 }
 
 QStringList Recordset::FieldNames() const {
@@ -153,8 +178,12 @@ bool Recordset::Update() {
                                             error);
         return false;
     }
-    for (auto it = m_changes.cbegin(); it != m_changes.cend(); ++it)
-        m_rows[m_current][FieldIndex(it.key())] = it.value();
+    for (auto it = m_changes.cbegin(); it != m_changes.cend(); ++it) {
+        const qint32 index = FieldIndex(it.key());
+        m_values[m_current * m_columns.size() + index] = it.value();
+        if (m_columns[index].convert)
+            m_converted[index].setBit(m_current);
+    }
     m_editing = false;
     m_changes.clear();
     m_lastError.clear();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QBitArray>
 #include <QHash>
 #include <QList>
 #include <QString>
@@ -29,18 +30,25 @@ public:
     struct Column {
         QString table; // may be empty
         QString name;
+        // Turns a stored value of this column into the value Fields() gives, the first time
+        // that value is read (none: the stored value as it is). A query converts its dates so:
+        // most callers read few of them, and each conversion is costly.
+        std::function<QVariant(const QVariant&)> convert = {};
     };
     using Writer = std::function<bool(const QVariantMap& changes, QString& strErrorMessage)>;
 
-    Recordset(QList<Column> columns, QList<QVariantList> rows);
+    // Rows given one list each; a short row reads as Null in its missing fields.
+    Recordset(QList<Column> columns, const QList<QVariantList>& rows);
+    // Rows given one after the other in one list: values.size() is a multiple of the columns.
+    Recordset(QList<Column> columns, QVariantList values);
 
-    qint32 RecordCount() const { return static_cast<qint32>(m_rows.size()); }
+    qint32 RecordCount() const { return static_cast<qint32>(m_rowCount); }
     void MoveFirst() { m_current = 0; }
-    void MoveLast() { m_current = m_rows.isEmpty() ? 0 : m_rows.size() - 1; }
+    void MoveLast() { m_current = m_rowCount == 0 ? 0 : m_rowCount - 1; }
     void MoveNext();
     void MovePrevious();
-    bool Eof() const { return m_current >= m_rows.size(); }
-    bool Bof() const { return m_current < 0 || m_rows.isEmpty(); }
+    bool Eof() const { return m_current >= m_rowCount; }
+    bool Bof() const { return m_current < 0 || m_rowCount == 0; }
     // 0-based position of the current row (Jet's AbsolutePosition).
     qint32 AbsolutePosition() const { return static_cast<qint32>(m_current); }
 
@@ -64,6 +72,7 @@ private:
     qint32 FieldIndex(const QString& strName) const;
     qint32 FindField(const QString& strName) const;
     void IndexColumns();
+    QVariant Value(qsizetype row, qint32 column) const;
     // A key under which two names are equal exactly when they are equal without regard to case.
     static QString CaseKey(QStringView text);
 
@@ -71,7 +80,11 @@ private:
     QHash<QString, qint32> m_byName;                          // first column of a name
     QHash<std::pair<QString, QString>, qint32> m_byTableName; // first of a table and name
     mutable QHash<QString, qint32> m_lookups; // the spellings asked for, as they were asked
-    QList<QVariantList> m_rows;
+    // The values row after row. Values of columns with a conversion are converted in place
+    // when first read; m_converted marks them (one bit per row, for those columns only).
+    mutable QVariantList m_values;
+    qsizetype m_rowCount = 0;
+    mutable QList<QBitArray> m_converted;
     qsizetype m_current = 0;
     Writer m_writer;
     bool m_editing = false;

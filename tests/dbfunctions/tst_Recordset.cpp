@@ -175,7 +175,7 @@ private slots:
             columns << Recordset::Column{QString(), name};
             row << name;
         }
-        Recordset rs(columns, {row});
+        Recordset rs(columns, QList<QVariantList>{row});
         for (const QString& spelling : asked) {
             QVariant expected;
             for (const QString& name : names)
@@ -228,6 +228,46 @@ private slots:
         copy.MoveNext();
         QCOMPARE(copy.Fields("Extra").toString(), QString("y"));
         QCOMPARE(first.Fields("Extra").toString(), QString("x"));
+    }
+
+    void conversionOfAColumnRunsOnceForEachValueRead() {
+        int calls = 0;
+        Recordset::Column doubled{"T", "Number"};
+        doubled.convert = [&calls](const QVariant& raw) {
+            ++calls;
+            return raw.isNull() ? QVariant() : QVariant(raw.toInt() * 2);
+        };
+        Recordset rs({{"T", "Id"}, doubled}, QVariantList{1, 10, 2, QVariant(), 3, 30});
+        QCOMPARE(rs.RecordCount(), 3);
+        QCOMPARE(rs.Fields("Id").toInt(), 1);
+        QCOMPARE(calls, 0);
+        QCOMPARE(rs.Fields("Number").toInt(), 20);
+        QCOMPARE(rs.Fields("T.Number").toInt(), 20);
+        QCOMPARE(calls, 1);
+        rs.MoveNext();
+        QVERIFY(rs.Fields("Number").isNull());
+        rs.MoveNext();
+        rs.MovePrevious();
+        QVERIFY(rs.Fields("Number").isNull());
+        QCOMPARE(calls, 2);
+        rs.MoveLast();
+        QCOMPARE(rs.Fields("Id").toInt(), 3);
+        QCOMPARE(calls, 2);
+    }
+
+    void rowsGivenAsListsReadAsRowsGivenOneAfterTheOther() {
+        const QList<Recordset::Column> columns = {{"T", "A"}, {"T", "B"}};
+        Recordset lists(columns, QList<QVariantList>{{1, "one"}, {2}, {3, "three"}});
+        Recordset flat(columns, QVariantList{1, "one", 2, QVariant(), 3, "three"});
+        QCOMPARE(lists.RecordCount(), 3);
+        QCOMPARE(flat.RecordCount(), 3);
+        while (!lists.Eof()) {
+            QCOMPARE(lists.Fields("A"), flat.Fields("A"));
+            QCOMPARE(lists.Fields("B"), flat.Fields("B"));
+            lists.MoveNext();
+            flat.MoveNext();
+        }
+        QVERIFY(flat.Eof());
     }
 
     void fieldNamesKeepTheirTablesAndOrder() {
