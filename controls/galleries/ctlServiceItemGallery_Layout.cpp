@@ -195,6 +195,8 @@ void ctlServiceItemGallery::CreateWidgets() {
 void ctlServiceItemGallery::CreateToolbar() {
     imlToolBar = new VBImageList(QStringLiteral("imlToolBar"), this);
     Toolbar2 = Named(new VBToolBar(this), QStringLiteral("Toolbar2"));
+    // The buttons carry pictures and tool tips; their texts would not fit the bar's height.
+    Toolbar2->setToolButtonStyle(Qt::ToolButtonIconOnly);
     const QList<QPair<QString, QString>> lstButtons = {
         {QStringLiteral("btnNew"), QStringLiteral("Create a New Service Item")},
         {QStringLiteral("btnRun"), QStringLiteral("Run Selected Service Item")},
