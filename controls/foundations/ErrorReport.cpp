@@ -54,9 +54,13 @@ void RuntimeErrorBox(const VBError& e) {
                                vbOKOnly | vbCritical, QStringLiteral("Corvantis"));
 }
 
-void SetSupportAddress(const QString& strAddress) { supportAddress() = strAddress; }
+void SetSupportAddress(const QString& strAddress) {
+    supportAddress() = strAddress;
+}
 
-QString SupportAddress() { return supportAddress(); }
+QString SupportAddress() {
+    return supportAddress();
+}
 
 VBError Current(std::exception_ptr p) {
     try {
@@ -64,9 +68,9 @@ VBError Current(std::exception_ptr p) {
     } catch (const VBError& e) {
         return e;
     } catch (const std::exception& e) {
-        return VBError(VBErr::InternalError,
-                       VBError::StandardDescription(VBErr::InternalError) + QStringLiteral(": ") +
-                           QString::fromLocal8Bit(e.what()));
+        return VBError(VBErr::InternalError, VBError::StandardDescription(VBErr::InternalError) +
+                                                 QStringLiteral(": ") +
+                                                 QString::fromLocal8Bit(e.what()));
     } catch (...) {
         return VBError(VBErr::InternalError);
     }

@@ -10,7 +10,9 @@ TraceLine::TraceLine(const QString& strPrefix) : m_strPrefix(strPrefix) {}
 TraceLine::TraceLine(const QString& strClass, const QString& strMember)
     : m_strPrefix(QStringLiteral("QVLTCONTROLS:") + strClass + QLatin1Char(':') + strMember) {}
 
-TraceLine TraceLine::WithPrefix(const QString& strPrefix) { return TraceLine(strPrefix); }
+TraceLine TraceLine::WithPrefix(const QString& strPrefix) {
+    return TraceLine(strPrefix);
+}
 
 TraceLine& TraceLine::Arg(const QString& strName, const QVariant& varValue) {
     m_strArgs += strName + QStringLiteral(" = ") + VB::Text(varValue) + QStringLiteral(", ");
@@ -29,4 +31,6 @@ QString TraceLine::Text() const {
     return line;
 }
 
-void TraceLine::Write() const { TraceLog::Instance().WriteTraceLine(Text()); }
+void TraceLine::Write() const {
+    TraceLog::Instance().WriteTraceLine(Text());
+}

@@ -12,7 +12,9 @@ constexpr int ToPixels(qint32 lngTwips) {
     return lngTwips >= 0 ? (lngTwips + PerPixel / 2) / PerPixel
                          : -((-lngTwips + PerPixel / 2) / PerPixel);
 }
-constexpr qint32 FromPixels(int intPixels) { return intPixels * PerPixel; }
+constexpr qint32 FromPixels(int intPixels) {
+    return intPixels * PerPixel;
+}
 
 inline QRect ToPixels(qint32 lngLeft, qint32 lngTop, qint32 lngWidth, qint32 lngHeight) {
     return QRect(ToPixels(lngLeft), ToPixels(lngTop), ToPixels(lngWidth), ToPixels(lngHeight));

@@ -5,7 +5,9 @@ VBError::VBError(qint32 lngNumber, const QString& strDescription)
       Description(strDescription.isEmpty() ? StandardDescription(lngNumber) : strDescription),
       m_what((QString::number(lngNumber) + ", " + Description).toUtf8()) {}
 
-const char* VBError::what() const noexcept { return m_what.constData(); }
+const char* VBError::what() const noexcept {
+    return m_what.constData();
+}
 
 QString VBError::StandardDescription(qint32 lngNumber) {
     switch (lngNumber) {

@@ -13,7 +13,9 @@ qint32 VBImageList::Add(const QString& strKey, const QPixmap& picture) {
     return Count();
 }
 
-void VBImageList::Clear() { m_images.clear(); }
+void VBImageList::Clear() {
+    m_images.clear();
+}
 
 QPixmap VBImageList::ListImage(qint32 lngIndex) const {
     if (lngIndex < 1 || lngIndex > Count())

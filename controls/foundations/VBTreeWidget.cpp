@@ -19,17 +19,29 @@ QTreeWidgetItem* VBNode::checked() const {
     return m_item;
 }
 
-VBTreeWidget* VBNode::tree() const { return qobject_cast<VBTreeWidget*>(checked()->treeWidget()); }
+VBTreeWidget* VBNode::tree() const {
+    return qobject_cast<VBTreeWidget*>(checked()->treeWidget());
+}
 
-QString VBNode::Key() const { return checked()->data(0, VBRole::Key).toString(); }
+QString VBNode::Key() const {
+    return checked()->data(0, VBRole::Key).toString();
+}
 
-QVariant VBNode::Tag() const { return checked()->data(0, VBRole::Tag); }
+QVariant VBNode::Tag() const {
+    return checked()->data(0, VBRole::Tag);
+}
 
-void VBNode::setTag(const QVariant& varTag) { checked()->setData(0, VBRole::Tag, varTag); }
+void VBNode::setTag(const QVariant& varTag) {
+    checked()->setData(0, VBRole::Tag, varTag);
+}
 
-QString VBNode::Text() const { return checked()->text(0); }
+QString VBNode::Text() const {
+    return checked()->text(0);
+}
 
-void VBNode::setText(const QString& strText) { checked()->setText(0, strText); }
+void VBNode::setText(const QString& strText) {
+    checked()->setText(0, strText);
+}
 
 qint32 VBNode::Index() const {
     QTreeWidgetItem* item = checked();
@@ -41,7 +53,9 @@ qint32 VBNode::Index() const {
     return t->IndexOf(item);
 }
 
-bool VBNode::Bold() const { return checked()->font(0).bold(); }
+bool VBNode::Bold() const {
+    return checked()->font(0).bold();
+}
 
 void VBNode::setBold(bool blnBold) {
     QFont f = checked()->font(0);
@@ -49,7 +63,9 @@ void VBNode::setBold(bool blnBold) {
     m_item->setFont(0, f);
 }
 
-bool VBNode::Selected() const { return checked()->isSelected(); }
+bool VBNode::Selected() const {
+    return checked()->isSelected();
+}
 
 void VBNode::setSelected(bool blnSelected) {
     QTreeWidgetItem* item = checked();
@@ -58,11 +74,17 @@ void VBNode::setSelected(bool blnSelected) {
     item->setSelected(blnSelected);
 }
 
-bool VBNode::Expanded() const { return checked()->isExpanded(); }
+bool VBNode::Expanded() const {
+    return checked()->isExpanded();
+}
 
-void VBNode::setExpanded(bool blnExpanded) { checked()->setExpanded(blnExpanded); }
+void VBNode::setExpanded(bool blnExpanded) {
+    checked()->setExpanded(blnExpanded);
+}
 
-QVariant VBNode::Image() const { return checked()->data(0, VBRole::Image); }
+QVariant VBNode::Image() const {
+    return checked()->data(0, VBRole::Image);
+}
 
 void VBNode::setImage(const QVariant& varImage) {
     QTreeWidgetItem* item = checked();
@@ -71,7 +93,9 @@ void VBNode::setImage(const QVariant& varImage) {
         item->setIcon(0, t->IconFor(varImage));
 }
 
-QVariant VBNode::ExpandedImage() const { return checked()->data(0, VBRole::ExpandedImage); }
+QVariant VBNode::ExpandedImage() const {
+    return checked()->data(0, VBRole::ExpandedImage);
+}
 
 void VBNode::setExpandedImage(const QVariant& varImage) {
     checked()->setData(0, VBRole::ExpandedImage, varImage);
@@ -79,7 +103,9 @@ void VBNode::setExpandedImage(const QVariant& varImage) {
         m_item->setIcon(0, tree()->IconFor(varImage));
 }
 
-qint32 VBNode::Children() const { return checked()->childCount(); }
+qint32 VBNode::Children() const {
+    return checked()->childCount();
+}
 
 VBNode VBNode::Child() const {
     QTreeWidgetItem* item = checked();
@@ -117,9 +143,13 @@ VBNode VBNode::Previous() const {
     return VBNode(sibling(item, siblingIndex(item) - 1));
 }
 
-VBNode VBNode::Parent() const { return VBNode(checked()->parent()); }
+VBNode VBNode::Parent() const {
+    return VBNode(checked()->parent());
+}
 
-VBNode VBNode::FirstSibling() const { return VBNode(sibling(checked(), 0)); }
+VBNode VBNode::FirstSibling() const {
+    return VBNode(sibling(checked(), 0));
+}
 
 VBNode VBNode::LastSibling() const {
     QTreeWidgetItem* item = checked();
@@ -158,7 +188,9 @@ void VBNode::setSubItems(qint32 intIndex, const QString& strText) {
     checked()->setText(intIndex, strText);
 }
 
-bool VBNode::SubItemBold(qint32 intIndex) const { return checked()->font(intIndex).bold(); }
+bool VBNode::SubItemBold(qint32 intIndex) const {
+    return checked()->font(intIndex).bold();
+}
 
 void VBNode::setSubItemBold(qint32 intIndex, bool blnBold) {
     QFont f = checked()->font(intIndex);
@@ -166,9 +198,13 @@ void VBNode::setSubItemBold(qint32 intIndex, bool blnBold) {
     m_item->setFont(intIndex, f);
 }
 
-QString VBNode::ToolTipText() const { return checked()->toolTip(0); }
+QString VBNode::ToolTipText() const {
+    return checked()->toolTip(0);
+}
 
-void VBNode::setToolTipText(const QString& strText) { checked()->setToolTip(0, strText); }
+void VBNode::setToolTipText(const QString& strText) {
+    checked()->setToolTip(0, strText);
+}
 
 // ---------------------------------------------------------------- VBTreeWidget
 
@@ -236,8 +272,8 @@ QIcon VBTreeWidget::IconFor(const QVariant& varImage) const {
     return m_images->Icon(varImage);
 }
 
-VBNode VBTreeWidget::Add(const QVariant& varRelative, qint32 intRelationship,
-                         const QString& strKey, const QString& strText, const QVariant& varImage,
+VBNode VBTreeWidget::Add(const QVariant& varRelative, qint32 intRelationship, const QString& strKey,
+                         const QString& strText, const QVariant& varImage,
                          const QVariant& varSelectedImage) {
     Q_UNUSED(varSelectedImage);
     if (!strKey.isEmpty()) {
@@ -248,9 +284,9 @@ VBNode VBTreeWidget::Add(const QVariant& varRelative, qint32 intRelationship,
     }
     const QIcon icon = IconFor(varImage);
     auto* item = new QTreeWidgetItem;
-    const bool noRelative = !varRelative.isValid() || varRelative.isNull() ||
-                            (varRelative.typeId() == QMetaType::QString &&
-                             varRelative.toString().isEmpty());
+    const bool noRelative =
+        !varRelative.isValid() || varRelative.isNull() ||
+        (varRelative.typeId() == QMetaType::QString && varRelative.toString().isEmpty());
     if (noRelative) {
         if (intRelationship == tvwFirst)
             insertTopLevelItem(0, item);
@@ -405,8 +441,8 @@ void VBTreeWidget::SetListView() {
     header()->setStretchLastSection(false);
 }
 
-VBNode VBTreeWidget::AddItem(const QString& strKey, const QString& strText,
-                             const QVariant& varIcon, const QVariant& varSmallIcon) {
+VBNode VBTreeWidget::AddItem(const QString& strKey, const QString& strText, const QVariant& varIcon,
+                             const QVariant& varSmallIcon) {
     Q_UNUSED(varIcon);
     if (!strKey.isEmpty()) {
         if (VB::IsNumeric(strKey))

@@ -105,7 +105,8 @@ public:
     // index.
     VBNode Add(const QVariant& varRelative = QVariant(), qint32 intRelationship = tvwLast,
                const QString& strKey = QString(), const QString& strText = QString(),
-               const QVariant& varImage = QVariant(), const QVariant& varSelectedImage = QVariant());
+               const QVariant& varImage = QVariant(),
+               const QVariant& varSelectedImage = QVariant());
     VBNode Nodes(const QString& strKey) const;
     VBNode Nodes(qint32 lngIndex) const;
     VBNode Nodes(const QVariant& varKeyOrIndex) const;
@@ -136,7 +137,8 @@ public:
     VBNode ListItems(const QString& strKey) const { return Nodes(strKey); }
     VBNode ListItems(qint32 lngIndex) const;
     // Column headers with keys; a width in twips.
-    qint32 AddColumnHeader(const QString& strKey, const QString& strText, qint32 lngWidthTwips = 1440);
+    qint32 AddColumnHeader(const QString& strKey, const QString& strText,
+                           qint32 lngWidthTwips = 1440);
     qint32 ColumnHeaderIndex(const QString& strKey) const;
     void ClearColumnHeaders();
 
