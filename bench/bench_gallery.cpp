@@ -34,6 +34,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <functional>
+#include <numeric>
 
 namespace {
 
@@ -203,22 +204,23 @@ int Loop(const QString& strWhat, qint32 lngItems, int count) {
     }
     ctlServiceItemGallery gallery;
     ShowWithShowAllOn(gallery);
-    QElapsedTimer timer;
-    timer.start();
+    QList<double> times;
     for (int i = 0; i < count; ++i) {
-        if (strWhat == "bare") {
-            RunBare(QString());
-        } else if (strWhat == "library") {
-            QString msg;
-            std::unique_ptr<Recordset> rs;
-            DataAccess::Instance().GetServiceItemsJoined(QString(), 4, msg, rs);
-        } else {
-            gallery.ShowServiceItems();
-            QApplication::processEvents();
-        }
+        times << TimeMs([&] {
+            if (strWhat == "bare") {
+                RunBare(QString());
+            } else if (strWhat == "library") {
+                QString msg;
+                std::unique_ptr<Recordset> rs;
+                DataAccess::Instance().GetServiceItemsJoined(QString(), 4, msg, rs);
+            } else {
+                gallery.ShowServiceItems();
+                QApplication::processEvents();
+            }
+        });
     }
-    std::printf("%s x %d: %.1f ms each\n", qPrintable(strWhat), count,
-                static_cast<double>(timer.nsecsElapsed()) / 1e6 / std::max(1, count));
+    std::printf("%s x %d: best %.1f ms, mean %.1f ms\n", qPrintable(strWhat), count, Best(times),
+                std::accumulate(times.begin(), times.end(), 0.0) / std::max(1, count));
     DataAccess::Instance().CloseDatabase();
     return 0;
 }

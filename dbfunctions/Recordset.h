@@ -13,8 +13,9 @@
 // they are read into memory when the operation runs, so a Recordset stays valid after other
 // writes and RecordCount() is exact from the start.
 //
-// Values: Null is a null QVariant (isNull()), booleans come back as bool, dates as QDateTime,
-// whole numbers as qint64-compatible integers, texts as QString.
+// Values: Null is a null QVariant (isNull()), booleans come back as bool, dates as QDateTime
+// in local time (made from the stored text the first time the value is read; a text that is no
+// date stays a QString), whole numbers as qint64-compatible integers, texts as QString.
 //
 // Fields(name) finds a field by its name without regard to letter case. A name may carry a table
 // prefix ("Verses.VerseID", "ServiceItems.ServiceItemID"); a name without a prefix finds the
