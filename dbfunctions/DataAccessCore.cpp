@@ -2,10 +2,14 @@
 
 #include "TraceLog.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QHash>
 #include <QSqlError>
 #include <QSqlRecord>
+#include <QSqlResult>
+
+#include <sqlite3.h>
 
 #include <memory>
 
@@ -101,6 +105,113 @@ private:
     bool m_hasLast = false;
 };
 
+// The value of column i of the statement's current row, made as Qt's SQLite driver makes it.
+QVariant SqliteValue(sqlite3_stmt* stmt, int i, QSql::NumericalPrecisionPolicy policy) {
+    switch (sqlite3_column_type(stmt, i)) {
+    case SQLITE_BLOB: {
+        const auto* data = static_cast<const char*>(sqlite3_column_blob(stmt, i));
+        return QByteArray(data, sqlite3_column_bytes(stmt, i));
+    }
+    case SQLITE_INTEGER:
+        return QVariant(static_cast<qlonglong>(sqlite3_column_int64(stmt, i)));
+    case SQLITE_FLOAT:
+        switch (policy) {
+        case QSql::LowPrecisionInt32:
+            return QVariant(sqlite3_column_int(stmt, i));
+        case QSql::LowPrecisionInt64:
+            return QVariant(static_cast<qlonglong>(sqlite3_column_int64(stmt, i)));
+        default:
+            return QVariant(sqlite3_column_double(stmt, i));
+        }
+    case SQLITE_NULL:
+        return QVariant(QMetaType::fromType<QString>());
+    default: {
+        const auto* text = static_cast<const QChar*>(sqlite3_column_text16(stmt, i));
+        return QString(text, sqlite3_column_bytes16(stmt, i) / static_cast<int>(sizeof(QChar)));
+    }
+    }
+}
+
+// The SQLite statement behind a query of Qt's SQLite driver; null for another driver.
+sqlite3_stmt* StatementOf(const QSqlQuery& q) {
+    const QVariant handle = q.result() ? q.result()->handle() : QVariant();
+    if (!handle.isValid() || qstrcmp(handle.typeName(), "sqlite3_stmt*") != 0)
+        return nullptr;
+    return *static_cast<sqlite3_stmt* const*>(handle.constData());
+}
+
+// The text of a failed step, as the driver words it: SQLite's message, then "Unable to fetch
+// row". A generic error gives its own message only after the statement is reset.
+QString FetchError(sqlite3_stmt* stmt, int rc) {
+    if (rc == SQLITE_ERROR || rc == SQLITE_CONSTRAINT)
+        sqlite3_reset(stmt);
+    const auto* message = static_cast<const QChar*>(sqlite3_errmsg16(sqlite3_db_handle(stmt)));
+    QString text = QString(message);
+    sqlite3_reset(stmt);
+    const QString what = QCoreApplication::translate("QSQLiteResult", "Unable to fetch row");
+    return text.isEmpty() ? what : text + u' ' + what;
+}
+
+// Builds the Recordset of a query: the columns with their table prefixes, and the values row
+// after row in one list (one allocation for all, not one per row). Null becomes a plain null
+// QVariant, booleans bool; a date column gets its conversion, made when a value is first read.
+class RowReader {
+public:
+    explicit RowReader(const QSqlRecord& record) : m_count(record.count()) {
+        m_columns.reserve(m_count);
+        for (int i = 0; i < m_count; ++i) {
+            const QString name = record.fieldName(i);
+            const qsizetype dot = name.lastIndexOf('.');
+            Recordset::Column column{dot >= 0 ? name.left(dot) : QString(), name.mid(dot + 1)};
+            const JetWhere::Kind kind = DataAccessPrivate::KindOf(column.name);
+            if (kind == JetWhere::Kind::Date) {
+                auto reader = std::make_shared<DateReader>();
+                column.convert = [reader](const QVariant& raw) { return (*reader)(raw); };
+            }
+            m_booleans << (kind == JetWhere::Kind::Boolean);
+            m_columns << std::move(column);
+        }
+    }
+
+    void TakeRow(const QSqlQuery& q) {
+        for (int i = 0; i < m_count; ++i)
+            Take(i, q.value(i));
+    }
+
+    // The rows after the current one of the statement. False, with the driver's words for it,
+    // if a row cannot be fetched.
+    bool TakeRemainingRows(sqlite3_stmt* stmt, QSql::NumericalPrecisionPolicy policy,
+                           QString& error) {
+        int rc = SQLITE_ROW;
+        while ((rc = sqlite3_step(stmt)) == SQLITE_ROW)
+            for (int i = 0; i < m_count; ++i)
+                Take(i, SqliteValue(stmt, i, policy));
+        if (rc == SQLITE_DONE)
+            return true;
+        error = FetchError(stmt, rc);
+        return false;
+    }
+
+    std::unique_ptr<Recordset> Result() {
+        return std::make_unique<Recordset>(std::move(m_columns), std::move(m_values));
+    }
+
+private:
+    void Take(int i, QVariant value) {
+        if (value.isNull())
+            m_values.emplace_back();
+        else if (m_booleans.at(i))
+            m_values.emplace_back(value.toLongLong() != 0);
+        else
+            m_values.append(std::move(value));
+    }
+
+    int m_count;
+    QList<Recordset::Column> m_columns;
+    QList<bool> m_booleans;
+    QVariantList m_values;
+};
+
 int g_savepointCounter = 0;
 
 } // namespace
@@ -153,42 +264,28 @@ bool DataAccessPrivate::Select(const QString& sql, const QVariantList& params,
     QSqlQuery q;
     if (!Exec(sql, params, strErrorMessage, operation, &q))
         return false;
-    const QSqlRecord record = q.record();
-    const int count = record.count();
-    QList<Recordset::Column> columns;
-    columns.reserve(count);
-    QList<bool> booleans;
-    for (int i = 0; i < count; ++i) {
-        const QString name = record.fieldName(i);
-        const qsizetype dot = name.lastIndexOf('.');
-        Recordset::Column column{dot >= 0 ? name.left(dot) : QString(), name.mid(dot + 1)};
-        const JetWhere::Kind kind = KindOf(column.name);
-        if (kind == JetWhere::Kind::Date) {
-            auto reader = std::make_shared<DateReader>();
-            column.convert = [reader](const QVariant& raw) { return (*reader)(raw); };
-        }
-        booleans << (kind == JetWhere::Kind::Boolean);
-        columns << std::move(column);
-    }
-    // Null becomes a plain null QVariant, booleans bool; dates are left to the Recordset.
-    // The rows one after the other in one list: one allocation for all, not one per row.
-    QVariantList values;
-    while (q.next()) {
-        for (int i = 0; i < count; ++i) {
-            QVariant value = q.value(i);
-            if (value.isNull())
-                values.emplace_back();
-            else if (booleans.at(i))
-                values.emplace_back(value.toLongLong() != 0);
-            else
-                values.append(std::move(value));
+    RowReader rows(q.record());
+    // QSqlQuery has fetched the first row when it ran the statement. The rows after it are read
+    // from SQLite's statement directly, without the two copies of each value that the driver's
+    // row cache makes; another driver is read through QSqlQuery to the end.
+    if (q.next()) {
+        rows.TakeRow(q);
+        if (sqlite3_stmt* stmt = StatementOf(q)) {
+            QString error;
+            if (!rows.TakeRemainingRows(stmt, q.numericalPrecisionPolicy(), error)) {
+                Fail(strErrorMessage, operation, error);
+                return false;
+            }
+        } else {
+            while (q.next())
+                rows.TakeRow(q);
         }
     }
     if (q.lastError().isValid()) {
         Fail(strErrorMessage, operation, q.lastError().text());
         return false;
     }
-    rs = std::make_unique<Recordset>(std::move(columns), std::move(values));
+    rs = rows.Result();
     return true;
 }
 

@@ -2,11 +2,14 @@
 // the values a query gives back (dates in local time, texts that are no dates, Null).
 
 #include "DataAccess.h"
+#include "DataAccessCore.h"
 #include "Recordset.h"
 #include "TestDatabase.h"
 #include "TraceLog.h"
 
 #include <QFile>
+#include <QSqlError>
+#include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -368,6 +371,71 @@ private slots:
         const QVariantList values = DatesThroughQuery(db, texts);
         CompareDates(values, texts);
         QCOMPARE(values.last().toDateTime().offsetFromUtc(), 7200);
+    }
+
+    void everyRowComesAsTheDriverGivesIt() {
+        TestDatabase db;
+        QVERIFY2(db.IsValid(), qPrintable(db.LastError()));
+        QVERIFY(db.Exec("CREATE TABLE Mixed (MixedId INTEGER, MixedWhole INTEGER, MixedReal REAL, "
+                        "MixedWords TEXT, MixedBytes BLOB, MixedAnything)"));
+        const QList<QVariantList> stored = {
+            {1, 42, 2.5, "plain", QByteArray("\x01\x00\x02", 3), 7},
+            {2, Q_INT64_C(-9223372036854775807), 3.0, QString::fromUtf8("Grüße 𝄞 e\u0301"),
+             QByteArray(), "text"},
+            {3, QVariant(), -0.125, "", QByteArray(""), 1.5},
+            {4, "12abc", QVariant(), QVariant(), QVariant(), QVariant()},
+            {5, Q_INT64_C(1) << 40, 1e300, QString(1000, 'x'), QByteArray(3000, 'b'),
+             QByteArray("blob")},
+            {6, 7.0, 8, "9", "text in a blob column", -0.0}};
+        for (const QVariantList& row : stored)
+            QVERIFY(db.Exec("INSERT INTO Mixed VALUES (?, ?, ?, ?, ?, ?)", row));
+        const QString sql = "SELECT * FROM Mixed ORDER BY MixedId";
+        QList<QVariantList> expected;
+        QSqlQuery reference(DataAccess::Instance().Database());
+        QVERIFY(reference.exec(sql));
+        while (reference.next()) {
+            QVariantList row;
+            for (int i = 0; i < 6; ++i)
+                row << (reference.value(i).isNull() ? QVariant() : reference.value(i));
+            expected << row;
+        }
+        QCOMPARE(expected.size(), stored.size());
+        QString error;
+        std::unique_ptr<Recordset> rs;
+        QVERIFY2(DataAccessPrivate::Select(sql, {}, error, "Mixed", rs), qPrintable(error));
+        QCOMPARE(rs->RecordCount(), expected.size());
+        const QStringList names = {"MixedId",    "MixedWhole", "MixedReal",
+                                   "MixedWords", "MixedBytes", "MixedAnything"};
+        for (const QVariantList& row : expected) {
+            for (int i = 0; i < 6; ++i) {
+                const QVariant actual = rs->Fields(names.at(i));
+                const QString where = QStringLiteral("row %1, %2").arg(row.first().toInt()).arg(i);
+                QVERIFY2(actual.typeId() == row.at(i).typeId(), qPrintable(where));
+                QVERIFY2(actual == row.at(i), qPrintable(where));
+            }
+            rs->MoveNext();
+        }
+        QVERIFY(rs->Eof());
+    }
+
+    void rowThatCannotBeFetchedGivesTheDriversErrorText() {
+        TestDatabase db;
+        QVERIFY2(db.IsValid(), qPrintable(db.LastError()));
+        // abs() of the smallest integer overflows: the first row comes, the second fails.
+        const QString sql = "SELECT abs(x) AS MixedValue FROM (SELECT 1 AS x UNION ALL SELECT "
+                            "-9223372036854775807 - 1 UNION ALL SELECT 3)";
+        QSqlQuery reference(DataAccess::Instance().Database());
+        QVERIFY(reference.exec(sql));
+        QVERIFY(reference.next());
+        QVERIFY(!reference.next());
+        QVERIFY(reference.lastError().isValid());
+        QVERIFY(reference.lastError().text().contains("overflow"));
+        QString error;
+        std::unique_ptr<Recordset> rs;
+        QVERIFY(!DataAccessPrivate::Select(sql, {}, error, "Overflow", rs));
+        QVERIFY(!rs);
+        QCOMPARE(error, "QVLTDBFUNCTIONS:DataAccess:Overflow: " + reference.lastError().text());
+        QVERIFY(TraceText().contains("ERROR: " + error));
     }
 
     void repeatedRowsOfOneItemShareItsDate() {
