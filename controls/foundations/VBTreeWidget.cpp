@@ -229,14 +229,6 @@ VBTreeWidget::~VBTreeWidget() {
     disconnect(model(), nullptr, this, nullptr);
 }
 
-void VBTreeWidget::registerItem(QTreeWidgetItem* item, const QString& strKey) {
-    item->setData(0, VBRole::Key, strKey.isEmpty() ? QVariant() : QVariant(strKey));
-    item->setData(0, VBRole::Serial, ++m_serial);
-    m_creationOrder.append(item);
-    if (!strKey.isEmpty())
-        m_keys.insert(strKey, item);
-}
-
 void VBTreeWidget::forget(QTreeWidgetItem* item) {
     for (int i = 0; i < item->childCount(); ++i)
         forget(item->child(i));
@@ -272,10 +264,10 @@ QIcon VBTreeWidget::IconFor(const QVariant& varImage) const {
     return m_images->Icon(varImage);
 }
 
-VBNode VBTreeWidget::Add(const QVariant& varRelative, qint32 intRelationship, const QString& strKey,
-                         const QString& strText, const QVariant& varImage,
-                         const QVariant& varSelectedImage) {
-    Q_UNUSED(varSelectedImage);
+// A new node is filled before it goes into the tree, so that the model
+// announces it once instead of once per field.
+QTreeWidgetItem* VBTreeWidget::newItem(const QString& strKey, const QString& strText,
+                                       const QVariant& varImage) {
     if (!strKey.isEmpty()) {
         if (VB::IsNumeric(strKey))
             throw VBError(VBErr::InvalidKey);
@@ -284,22 +276,36 @@ VBNode VBTreeWidget::Add(const QVariant& varRelative, qint32 intRelationship, co
     }
     const QIcon icon = IconFor(varImage);
     auto* item = new QTreeWidgetItem;
+    item->setData(0, VBRole::Key, strKey.isEmpty() ? QVariant() : QVariant(strKey));
+    item->setData(0, VBRole::Serial, ++m_serial);
+    item->setText(0, strText);
+    item->setData(0, VBRole::Image, varImage);
+    item->setIcon(0, icon);
+    return item;
+}
+
+void VBTreeWidget::registerItem(QTreeWidgetItem* item) {
+    m_creationOrder.append(item);
+    const QString key = item->data(0, VBRole::Key).toString();
+    if (!key.isEmpty())
+        m_keys.insert(key, item);
+}
+
+VBNode VBTreeWidget::Add(const QVariant& varRelative, qint32 intRelationship, const QString& strKey,
+                         const QString& strText, const QVariant& varImage,
+                         const QVariant& varSelectedImage) {
+    Q_UNUSED(varSelectedImage);
     const bool noRelative =
         !varRelative.isValid() || varRelative.isNull() ||
         (varRelative.typeId() == QMetaType::QString && varRelative.toString().isEmpty());
-    if (noRelative) {
+    QTreeWidgetItem* relative = noRelative ? nullptr : Nodes(varRelative).Item();
+    QTreeWidgetItem* item = newItem(strKey, strText, varImage);
+    if (!relative) {
         if (intRelationship == tvwFirst)
             insertTopLevelItem(0, item);
         else
             addTopLevelItem(item);
     } else {
-        QTreeWidgetItem* relative = nullptr;
-        try {
-            relative = Nodes(varRelative).Item();
-        } catch (...) {
-            delete item;
-            throw;
-        }
         QTreeWidgetItem* parent = relative->parent();
         const int at = siblingIndex(relative);
         auto insertAt = [&](int index) {
@@ -326,10 +332,7 @@ VBNode VBTreeWidget::Add(const QVariant& varRelative, qint32 intRelationship, co
             break;
         }
     }
-    registerItem(item, strKey);
-    item->setText(0, strText);
-    item->setData(0, VBRole::Image, varImage);
-    item->setIcon(0, icon);
+    registerItem(item);
     return VBNode(item);
 }
 
@@ -420,9 +423,16 @@ void VBTreeWidget::SortChildren(QTreeWidgetItem* parent, VBTreeWidget* tree) {
         while (tree->topLevelItemCount() > 0)
             items.append(tree->takeTopLevelItem(0));
     }
-    std::stable_sort(items.begin(), items.end(), [](QTreeWidgetItem* a, QTreeWidgetItem* b) {
-        return a->text(0).compare(b->text(0), Qt::CaseInsensitive) < 0;
+    // Each text is read once, not on every comparison.
+    QList<std::pair<QString, QTreeWidgetItem*>> byText;
+    byText.reserve(items.size());
+    for (QTreeWidgetItem* item : items)
+        byText.append({item->text(0), item});
+    std::stable_sort(byText.begin(), byText.end(), [](const auto& a, const auto& b) {
+        return a.first.compare(b.first, Qt::CaseInsensitive) < 0;
     });
+    for (qsizetype i = 0; i < byText.size(); ++i)
+        items[i] = byText.at(i).second;
     if (parent)
         parent->addChildren(items);
     else
@@ -444,19 +454,9 @@ void VBTreeWidget::SetListView() {
 VBNode VBTreeWidget::AddItem(const QString& strKey, const QString& strText, const QVariant& varIcon,
                              const QVariant& varSmallIcon) {
     Q_UNUSED(varIcon);
-    if (!strKey.isEmpty()) {
-        if (VB::IsNumeric(strKey))
-            throw VBError(VBErr::InvalidKey);
-        if (m_keys.contains(strKey))
-            throw VBError(VBErr::KeyNotUnique);
-    }
-    const QIcon icon = IconFor(varSmallIcon);
-    auto* item = new QTreeWidgetItem;
+    QTreeWidgetItem* item = newItem(strKey, strText, varSmallIcon);
     addTopLevelItem(item);
-    registerItem(item, strKey);
-    item->setText(0, strText);
-    item->setData(0, VBRole::Image, varSmallIcon);
-    item->setIcon(0, icon);
+    registerItem(item);
     return VBNode(item);
 }
 

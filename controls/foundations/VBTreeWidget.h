@@ -144,7 +144,9 @@ public:
 
 private:
     friend class VBNode;
-    void registerItem(QTreeWidgetItem* item, const QString& strKey);
+    QTreeWidgetItem* newItem(const QString& strKey, const QString& strText,
+                             const QVariant& varImage);
+    void registerItem(QTreeWidgetItem* item);
     void forget(QTreeWidgetItem* item);
     void onRowsAboutToBeRemoved(const QModelIndex& parent, int first, int last);
     void onItemExpandedChanged(QTreeWidgetItem* item);
