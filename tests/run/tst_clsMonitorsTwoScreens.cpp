@@ -1,3 +1,4 @@
+#include "TwoScreens.h"
 #include "foundations/Platform.h"
 #include "run/clsMonitor.h"
 #include "run/clsMonitors.h"
@@ -88,25 +89,6 @@ void tst_clsMonitorsTwoScreens::centerFormWithoutReferenceGoesToPrimary() {
     QCOMPARE(form.pos(), QPoint((1024 - 400) / 2, (768 - 300) / 2));
 }
 
-// The screens must be in place before the application starts: the platform is
-// chosen here, with a screen file written to a temporary folder.
-int main(int argc, char* argv[]) {
-    QTemporaryDir dir;
-    if (!dir.isValid())
-        qFatal("no temporary folder for the screen file");
-    const QString file = dir.filePath(QStringLiteral("screens.json"));
-    QFile json(file);
-    if (!json.open(QIODevice::WriteOnly))
-        qFatal("cannot write the screen file");
-    json.write(R"({"screens":[)"
-               R"({"name":"A","x":0,"y":0,"width":1024,"height":768,"logicalDpi":96,"dpr":1},)"
-               R"({"name":"B","x":1024,"y":0,"width":1920,"height":1080,"logicalDpi":96,"dpr":1})"
-               R"(]})");
-    json.close();
-    qputenv("QT_QPA_PLATFORM", ("offscreen:configfile=" + file).toLocal8Bit());
-    QApplication app(argc, argv);
-    tst_clsMonitorsTwoScreens test;
-    return QTest::qExec(&test, argc, argv);
-}
+CORVANTIS_TWO_SCREEN_TEST_MAIN(tst_clsMonitorsTwoScreens)
 
 #include "tst_clsMonitorsTwoScreens.moc"

@@ -2,6 +2,7 @@
 // with A (1024 by 768) at the origin and B (1920 by 1080) to its right. No
 // scripted platform: monitors and the desktop grab are Qt's own.
 #include "TestDatabase.h"
+#include "TwoScreens.h"
 
 #include "run/ctlRun.h"
 
@@ -140,25 +141,6 @@ void tst_ctlRun_TwoScreens::projectorWindowOnTheSecondScreenIsFound() {
     QCOMPARE(console->GetProjectorWindowHandle(hWnd), projector.get());
 }
 
-// The screens must be in place before the application starts: the platform is
-// chosen here, with a screen file written to a temporary folder.
-int main(int argc, char* argv[]) {
-    QTemporaryDir dir;
-    if (!dir.isValid())
-        qFatal("no temporary folder for the screen file");
-    const QString file = dir.filePath(QStringLiteral("screens.json"));
-    QFile json(file);
-    if (!json.open(QIODevice::WriteOnly))
-        qFatal("cannot write the screen file");
-    json.write(R"({"screens":[)"
-               R"({"name":"A","x":0,"y":0,"width":1024,"height":768,"logicalDpi":96,"dpr":1},)"
-               R"({"name":"B","x":1024,"y":0,"width":1920,"height":1080,"logicalDpi":96,"dpr":1})"
-               R"(]})");
-    json.close();
-    qputenv("QT_QPA_PLATFORM", ("offscreen:configfile=" + file).toLocal8Bit());
-    QApplication app(argc, argv);
-    tst_ctlRun_TwoScreens test;
-    return QTest::qExec(&test, argc, argv);
-}
+CORVANTIS_TWO_SCREEN_TEST_MAIN(tst_ctlRun_TwoScreens)
 
 #include "tst_ctlRun_TwoScreens.moc"
