@@ -245,6 +245,7 @@ private:
     void SortListAgain();
     void SortChildrenOf(const QString& strKey);
     void SetStatusPanel(qint32 intPanel, const QString& strText);
+    void ShowEmptyView();
     QString StatusPanelText(qint32 intPanel) const;
     static void GroupFields(const QString& strGroupBy, QString& strValueField,
                             QString& strTextField);

@@ -97,15 +97,7 @@ void ctlServiceItemGallery::ShowServiceItemsUnlocked(const QString& strNodeKeyTo
         return;
     }
 
-    if (optShowAsList->isChecked()) {
-        lvwServiceItems->show();
-        tvwServiceItems->hide();
-        lvwServiceItems->Clear();
-    } else {
-        tvwServiceItems->show();
-        lvwServiceItems->hide();
-        tvwServiceItems->Clear();
-    }
+    ShowEmptyView();
 
     if (!rs)
         throw VBError(VBErr::ObjectNotSet);
@@ -393,4 +385,14 @@ void ctlServiceItemGallery::StatusBar1_PanelClick(qint32 intPanel) {
         const VBNode node = tvwServiceItems->SelectedItem();
         ShowServiceItems(node ? node.Key() : QString());
     });
+}
+
+// Shows the view that optShowAsList chooses, empty, and hides the other.
+void ctlServiceItemGallery::ShowEmptyView() {
+    const bool blnList = optShowAsList->isChecked();
+    VBTreeWidget* shown = blnList ? lvwServiceItems : tvwServiceItems;
+    VBTreeWidget* hidden = blnList ? tvwServiceItems : lvwServiceItems;
+    shown->show();
+    hidden->hide();
+    shown->Clear();
 }

@@ -75,15 +75,7 @@ void ctlServiceItemGallery::ApplyShortList(qint32 lngShortListID, QString& strEr
             const QString strContent = VB::Text(rs->Fields(QStringLiteral("ShortListContent")));
             rs.reset();
 
-            if (optShowAsList->isChecked()) {
-                lvwServiceItems->show();
-                tvwServiceItems->hide();
-                lvwServiceItems->Clear();
-            } else {
-                tvwServiceItems->show();
-                lvwServiceItems->hide();
-                tvwServiceItems->Clear();
-            }
+            ShowEmptyView();
 
             DataAccess::Instance().GetServiceItemsJoined(QString(), 4, strErrorMessage, rs);
             if (!strErrorMessage.isEmpty()) {
