@@ -188,21 +188,25 @@ void RunController::EndRun() {
 }
 
 void RunController::TurnOnProjector() {
-    m_engine.SetBlackedOut(false);
-    if (m_console && !m_inProjectorCall) {
-        m_inProjectorCall = true;
-        m_console->ProjectorTurnedOn();
-        m_inProjectorCall = false;
-    }
+    SetProjectorOn(true);
 }
 
 void RunController::TurnOffProjector() {
-    m_engine.SetBlackedOut(true);
-    if (m_console && !m_inProjectorCall) {
-        m_inProjectorCall = true;
+    SetProjectorOn(false);
+}
+
+// Blacks the screen out or back in and tells the console. The console's own
+// check box raises the event again when it is set: that echo is not answered.
+void RunController::SetProjectorOn(bool blnOn) {
+    m_engine.SetBlackedOut(!blnOn);
+    if (!m_console || m_inProjectorCall)
+        return;
+    m_inProjectorCall = true;
+    if (blnOn)
+        m_console->ProjectorTurnedOn();
+    else
         m_console->ProjectorTurnedOff();
-        m_inProjectorCall = false;
-    }
+    m_inProjectorCall = false;
 }
 
 void RunController::IncreaseSize() {

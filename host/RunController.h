@@ -70,6 +70,7 @@ private:
     void TellEndOfItem();
     void PropEnded();
     bool LeaveProp();
+    void SetProjectorOn(bool blnOn);
 
     RunEngine& m_engine;
     ctlRun* m_console;
