@@ -41,7 +41,16 @@ QPixmap VBImageList::ListImage(const QVariant& varKeyOrIndex) const {
 }
 
 QIcon VBImageList::Icon(const QVariant& varKeyOrIndex) const {
+    if (IsNoPicture(varKeyOrIndex))
+        return QIcon();
     return QIcon(ListImage(varKeyOrIndex));
+}
+
+bool VBImageList::IsNoPicture(const QVariant& varKeyOrIndex) {
+    if (!varKeyOrIndex.isValid() || varKeyOrIndex.typeId() == QMetaType::QString)
+        return false;
+    bool ok = false;
+    return varKeyOrIndex.toInt(&ok) == 0 && ok;
 }
 
 bool VBImageList::HasKey(const QString& strKey) const {

@@ -10,6 +10,11 @@
 // An image list: pictures numbered from 1 in the order added, each with an
 // optional key. ListImage by a missing key raises 35601, by an index out of
 // range 35600.
+//
+// Image index 0 is no picture: a node or list item that names it (a service
+// item of type 0, "none", or one whose type could not be looked up) shows
+// without a picture, and Icon(0) gives the null icon instead of raising. The
+// list itself still has no picture 0: ListImage(0) raises 35600.
 class VBImageList : public QObject {
     Q_OBJECT
 public:
@@ -25,7 +30,10 @@ public:
     QPixmap ListImage(const QString& strKey) const;
     // A key text or a 1-based index; a number in a text counts as a key.
     QPixmap ListImage(const QVariant& varKeyOrIndex) const;
+    // The picture as an icon; the null icon for index 0.
     QIcon Icon(const QVariant& varKeyOrIndex) const;
+    // True for the index 0 (a number, not a key text).
+    static bool IsNoPicture(const QVariant& varKeyOrIndex);
     bool HasKey(const QString& strKey) const;
     QString Key(qint32 lngIndex) const;
 

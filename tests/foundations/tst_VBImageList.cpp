@@ -24,6 +24,7 @@ private slots:
     void duplicateKeyRaises35602();
     void missingKeyRaises35601AndBadIndex35600();
     void clearEmptiesTheList();
+    void indexZeroIsNoPicture();
 };
 
 void tst_VBImageList::picturesAreNumberedAndKeyed() {
@@ -64,6 +65,21 @@ void tst_VBImageList::clearEmptiesTheList() {
     iml.Clear();
     QCOMPARE(iml.Count(), 0);
     QVERIFY(!iml.HasKey(QStringLiteral("imgVerse")));
+}
+
+void tst_VBImageList::indexZeroIsNoPicture() {
+    VBImageList iml(QStringLiteral("imlServiceItems"));
+    StandardIcons::FillServiceItemImages(iml);
+    QVERIFY(iml.Icon(0).isNull());
+    QVERIFY(iml.Icon(QVariant::fromValue<qint16>(0)).isNull());
+    QVERIFY(VBImageList::IsNoPicture(0));
+    QVERIFY(!VBImageList::IsNoPicture(QStringLiteral("0")));
+    QVERIFY(!VBImageList::IsNoPicture(QVariant()));
+    QVERIFY(!iml.Icon(1).isNull());
+    // The list itself has no picture 0, and a number beyond it is still wrong.
+    QCOMPARE(errorOf([&] { iml.ListImage(0); }), VBErr::IndexOutOfBounds);
+    QCOMPARE(errorOf([&] { iml.Icon(iml.Count() + 1); }), VBErr::IndexOutOfBounds);
+    QCOMPARE(errorOf([&] { iml.Icon(-1); }), VBErr::IndexOutOfBounds);
 }
 
 QTEST_MAIN(tst_VBImageList)

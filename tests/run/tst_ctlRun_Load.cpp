@@ -2,6 +2,8 @@
 #include "RunConsoleTest.h"
 #include "ScriptedPlatform.h"
 #include "TestDatabase.h"
+#include "TraceFile.h"
+#include "VBErrorCheck.h"
 
 #include "foundations/SSTab.h"
 #include "foundations/VBError.h"
@@ -38,6 +40,13 @@ private slots:
     void propBagColumnTakesTheListWidthLessSixty();
     void loadingAnotherServiceReplacesTheNodes();
 
+    // Rows whose look-ups fail.
+    void rowWhoseItemIsGoneShowsAnEmptyTextAndTheRowsAfterItStillGetNodes();
+    void itemOfTypeNoneShowsWithoutAPictureAndTheLoadGoesOn();
+    void firstItemOfTypeNoneIsShownAsRunning();
+    void propOfTypeNoneIsListedWithoutAPicture();
+    void songOfTypeNoneStillShowsItsPartList();
+
     // Showing an item of the service.
     void showServiceSIAsRunningThreeBoldsNodeFourWithoutPartHandling();
     void showServiceSIAsRunningWithAPartOnAnItemWithoutListCallsSIPartChanged();
@@ -70,6 +79,7 @@ private slots:
 private:
     qint32 AddAmazingGrace();
     qint32 AddPrayer();
+    bool RemoveItem(qint32 lngSIID);
 
     std::unique_ptr<TestDatabase> db;
     std::unique_ptr<ScriptedPlatform> platform;
@@ -101,6 +111,12 @@ qint32 tst_ctlRun_Load::AddAmazingGrace() {
 qint32 tst_ctlRun_Load::AddPrayer() {
     return db->AddServiceItem(TestDatabase::Prayer, QStringLiteral("Prayer of St Francis"),
                               QStringLiteral("Make me a channel of your peace"));
+}
+
+// Deletes an item behind the application's back, leaving the rows that name it.
+bool tst_ctlRun_Load::RemoveItem(qint32 lngSIID) {
+    return db->Exec(QStringLiteral("PRAGMA foreign_keys = OFF")) &&
+           db->Exec(QStringLiteral("DELETE FROM ServiceItems WHERE ServiceItemID = ?"), {lngSIID});
 }
 
 // ---------------------------------------------------------------- loading
@@ -292,6 +308,105 @@ void tst_ctlRun_Load::loadingAnotherServiceReplacesTheNodes() {
     QCOMPARE(console->tvwRun->Count(), 2);
     QCOMPARE(console->tvwRun->Nodes(1).Text(), QStringLiteral("Second"));
     QCOMPARE(console->tvwRun->Nodes(2).Tag().toInt(), song);
+}
+
+// ---------------------------------------------------------------- failed look-ups
+
+void tst_ctlRun_Load::rowWhoseItemIsGoneShowsAnEmptyTextAndTheRowsAfterItStillGetNodes() {
+    const qint32 gone = AddPrayer();
+    const qint32 song = AddAmazingGrace();
+    const qint32 service = db->AddService(QStringLiteral("Morning"), {{gone}, {song}});
+    QVERIFY(db->AddServicePropBag(service, {song}));
+    QVERIFY2(RemoveItem(gone), qPrintable(db->LastError()));
+    QCOMPARE(
+        db->Count(QStringLiteral("ServiceContents"), QStringLiteral("ServiceID = ?"), {service}),
+        2);
+
+    QCOMPARE(VBErrorNumberOf([&] { console->setRunningService(service); }), 0);
+
+    QCOMPARE(console->tvwRun->Count(), 3);
+    const VBNode missing = console->tvwRun->Nodes(QStringLiteral("1SIID"));
+    QCOMPARE(missing.Text(), QString());
+    QCOMPARE(missing.Tag().toInt(), gone);
+    QVERIFY(missing.Item()->icon(0).isNull());
+    QCOMPARE(console->tvwRun->Nodes(QStringLiteral("2SIID")).Tag().toInt(), song);
+    QCOMPARE(console->tvwRun->SelectedItem().Index(), 2);
+    QCOMPARE(BoldIndexes(console->tvwRun), QList<qint32>({2}));
+    QCOMPARE(console->lvwProps->topLevelItemCount(), 1);
+    QCOMPARE(platform->BoxCount(), 0);
+}
+
+void tst_ctlRun_Load::itemOfTypeNoneShowsWithoutAPictureAndTheLoadGoesOn() {
+    const qint32 untyped =
+        db->AddServiceItem(TestDatabase::NoType, QStringLiteral("Notice without a type"));
+    const qint32 prayer = AddPrayer();
+    QVERIFY(untyped > 0);
+    const qint32 service =
+        db->AddService(QStringLiteral("Morning"), {{prayer}, {untyped}, {prayer}});
+    QVERIFY(db->AddServicePropBag(service, {prayer}));
+    TraceFile trace;
+
+    QCOMPARE(VBErrorNumberOf([&] { console->setRunningService(service); }), 0);
+
+    QCOMPARE(console->tvwRun->Count(), 4);
+    const VBNode node = console->tvwRun->Nodes(QStringLiteral("2SIID"));
+    QCOMPARE(node.Text(), QStringLiteral("Notice without a type"));
+    QCOMPARE(node.Image().toInt(), 0);
+    QVERIFY(node.Item()->icon(0).isNull());
+    QCOMPARE(console->tvwRun->Nodes(QStringLiteral("3SIID")).Tag().toInt(), prayer);
+    QVERIFY(!console->tvwRun->Nodes(QStringLiteral("3SIID")).Item()->icon(0).isNull());
+    QCOMPARE(console->lblSIDescription->text(), QStringLiteral("Prayer of St Francis"));
+    QCOMPARE(console->lvwProps->topLevelItemCount(), 1);
+    QCOMPARE(trace.NewErrorLines(), QStringList());
+}
+
+void tst_ctlRun_Load::firstItemOfTypeNoneIsShownAsRunning() {
+    const qint32 untyped =
+        db->AddServiceItem(TestDatabase::NoType, QStringLiteral("Notice without a type"));
+    const qint32 service = db->AddService(QStringLiteral("Morning"), {{untyped}, {AddPrayer()}});
+
+    QCOMPARE(VBErrorNumberOf([&] { console->setRunningService(service); }), 0);
+
+    QCOMPARE(console->tvwRun->SelectedItem().Index(), 2);
+    QCOMPARE(BoldIndexes(console->tvwRun), QList<qint32>({2}));
+    QCOMPARE(console->lblSIDescription->text(), QStringLiteral("Notice without a type"));
+    QCOMPARE(console->fraMain->title(), QStringLiteral("Showing Now"));
+}
+
+void tst_ctlRun_Load::propOfTypeNoneIsListedWithoutAPicture() {
+    const qint32 untyped =
+        db->AddServiceItem(TestDatabase::NoType, QStringLiteral("Notice without a type"));
+    const qint32 prayer = AddPrayer();
+    const qint32 service = db->AddService(QStringLiteral("Morning"), {{prayer}});
+    QVERIFY(db->AddServicePropBag(service, {untyped, prayer}));
+    TraceFile trace;
+
+    console->setRunningService(service);
+
+    QCOMPARE(console->lvwProps->topLevelItemCount(), 2);
+    const VBNode prop = console->lvwProps->ListItems(1);
+    QCOMPARE(prop.Text(), QStringLiteral("Notice without a type"));
+    QCOMPARE(prop.Tag().toInt(), untyped);
+    QVERIFY(prop.Item()->icon(0).isNull());
+    QCOMPARE(console->lvwProps->ListItems(2).Tag().toInt(), prayer);
+    QCOMPARE(trace.NewErrorLines(), QStringList());
+}
+
+void tst_ctlRun_Load::songOfTypeNoneStillShowsItsPartList() {
+    const qint32 song = AddAmazingGrace();
+    QVERIFY(db->Exec(
+        QStringLiteral("UPDATE ServiceItems SET ServiceItemTypeID = 0 WHERE ServiceItemID = ?"),
+        {song}));
+    const qint32 service = db->AddService(QStringLiteral("Morning"), {{song}});
+
+    QCOMPARE(VBErrorNumberOf([&] { console->setRunningService(service); }), 0);
+
+    QVERIFY(console->tvwRun->Nodes(QStringLiteral("1SIID")).Item()->icon(0).isNull());
+    QVERIFY(!console->lvwSIContent->isHidden());
+    QCOMPARE(console->lvwSIContent->topLevelItemCount(), 4);
+    QCOMPARE(console->lvwSIContent->ListItems(1).Text(), QStringLiteral("Verse 1"));
+    QVERIFY(!console->lvwSIContent->ListItems(1).Item()->icon(0).isNull());
+    QCOMPARE(platform->BoxCount(), 0);
 }
 
 // ---------------------------------------------------------------- showing

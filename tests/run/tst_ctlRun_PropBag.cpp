@@ -32,7 +32,7 @@ private slots:
     void loadingAnotherServiceReplacesTheProps();
     void propBagThatCannotBeReadLeavesTheListAndWritesTheRunningServiceLine();
     void propsThatCannotBeCheckedAreLeftOutAndTheTextReachesTheRunningServiceLine();
-    void propWhoseTypeCannotBeReadEndsTheFillWithTheErrorReturn();
+    void propWhoseTypeCannotBeReadEndsTheFillWithTheLookUpsText();
 
     // Starting a prop.
     void doubleClickOnAPropRaisesShowSIBeforeTheConsoleShowsIt();
@@ -239,9 +239,9 @@ void tst_ctlRun_PropBag::
     QCOMPARE(platform->BoxCount(), 0);
 }
 
-// Without its type the row has no picture to show: adding it fails, and the
-// failure comes back as the error return of AddServicePropBagItems.
-void tst_ctlRun_PropBag::propWhoseTypeCannotBeReadEndsTheFillWithTheErrorReturn() {
+// Without its type the row shows no picture; the look-up's text ends the fill,
+// goes to the error line and comes back to RunningService, which writes it too.
+void tst_ctlRun_PropBag::propWhoseTypeCannotBeReadEndsTheFillWithTheLookUpsText() {
     const qint32 service = db->AddService(QStringLiteral("Empty"));
     QVERIFY(db->AddServicePropBag(service, {psalm, hymn}));
     QVERIFY(db->Exec(QStringLiteral("ALTER TABLE ServiceItemTypes RENAME TO TypesMoved")));
@@ -249,12 +249,18 @@ void tst_ctlRun_PropBag::propWhoseTypeCannotBeReadEndsTheFillWithTheErrorReturn(
 
     console->setRunningService(service);
 
-    QCOMPARE(console->lvwProps->topLevelItemCount(), 0);
-    const QString strReturn = QStringLiteral(
-        "QVLTCONTROLS:ctlRun:AddServicePropBagItems: Error number is 35600, Index out of bounds");
-    QCOMPARE(ErrorLines(trace),
-             QStringList({QStringLiteral("ERROR: ") + strReturn,
-                          QStringLiteral("ERROR: RunningService: ") + strReturn}));
+    QCOMPARE(console->lvwProps->topLevelItemCount(), 1);
+    // The description's look-up fails as well: the row shows an empty text.
+    QCOMPARE(console->lvwProps->ListItems(1).Text(), QString());
+    QVERIFY(console->lvwProps->ListItems(1).Item()->icon(0).isNull());
+    const QStringList errors = ErrorLines(trace);
+    QCOMPARE(errors.size(), 2);
+    const QString strPrefix = QStringLiteral("ERROR: QVLTCONTROLS:ctlRun:AddServicePropBagItems: ");
+    QVERIFY2(errors.at(0).startsWith(
+                 strPrefix + QStringLiteral("QVLTDBFUNCTIONS:DataAccess:GetServiceItemTypeID")),
+             qPrintable(errors.at(0)));
+    QCOMPARE(errors.at(1),
+             QStringLiteral("ERROR: RunningService: ") + errors.at(0).mid(strPrefix.size()));
     QCOMPARE(platform->BoxCount(), 0);
 }
 
