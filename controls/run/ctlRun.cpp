@@ -1,5 +1,6 @@
 // The run console: its widgets, initialise, resize and the frame members.
 #include "run/ctlRun.h"
+#include "run/ctlRunMember.h"
 
 #include "DataAccess.h"
 #include "foundations/ControlFrame.h"
@@ -8,7 +9,6 @@
 #include "foundations/SSRibbon.h"
 #include "foundations/SSTab.h"
 #include "foundations/StandardIcons.h"
-#include "foundations/TraceLine.h"
 #include "foundations/Twips.h"
 #include "foundations/VBImageList.h"
 #include "foundations/VBTreeWidget.h"
@@ -61,16 +61,31 @@ void KeepGapToBottom(QWidget* w, const QWidget* container, qint32 lngGap) {
     SetTwipsHeight(w, TwipsHeight(container) - TwipsTopIn(w, container) - lngGap);
 }
 
-VBTreeWidget* NewListView(QWidget* parent, const QString& strName) {
+// A list view at its place (twips).
+VBTreeWidget* NewListView(QWidget* parent, const QString& strName, qint32 lngLeft, qint32 lngTop,
+                          qint32 lngWidth, qint32 lngHeight) {
     auto* lvw = new VBTreeWidget(parent);
     lvw->setObjectName(strName);
     lvw->SetListView();
+    Place(lvw, lngLeft, lngTop, lngWidth, lngHeight);
     return lvw;
 }
 
-QLabel* NewLabel(QWidget* parent, const QString& strName) {
+// A part list of a song: verse and chorus pictures, hidden until a song shows.
+VBTreeWidget* NewPartList(QWidget* parent, const QString& strName, VBImageList* iml, qint32 lngLeft,
+                          qint32 lngTop, qint32 lngWidth, qint32 lngHeight) {
+    VBTreeWidget* lvw = NewListView(parent, strName, lngLeft, lngTop, lngWidth, lngHeight);
+    lvw->setImageList(iml);
+    lvw->hide();
+    return lvw;
+}
+
+// A label at its place (twips).
+QLabel* NewLabel(QWidget* parent, const QString& strName, qint32 lngLeft, qint32 lngTop,
+                 qint32 lngWidth, qint32 lngHeight) {
     auto* lbl = new QLabel(parent);
     lbl->setObjectName(strName);
+    Place(lbl, lngLeft, lngTop, lngWidth, lngHeight);
     return lbl;
 }
 
@@ -89,7 +104,7 @@ ctlRun::ctlRun(QWidget* parent) : QWidget(parent) {
 }
 
 ctlRun::~ctlRun() {
-    TraceLine("ctlRun", "UserControl_Terminate").Write();
+    RunMember("UserControl_Terminate").Enter();
 }
 
 QString ctlRun::Description() const {
@@ -113,8 +128,8 @@ void ctlRun::CreateWidgets() {
 
     fraMainCaption = Named(new QGroupBox(surface), QStringLiteral("fraMainCaption"));
     Place(fraMainCaption, 0, 0, ScrollAreaWidth, 615);
-    lblMainCaption = NewLabel(fraMainCaption, QStringLiteral("lblMainCaption"));
-    Place(lblMainCaption, 120, 210, 8565, 330);
+    lblMainCaption =
+        NewLabel(fraMainCaption, QStringLiteral("lblMainCaption"), 120, 210, 8565, 330);
     QFont fntCaption = lblMainCaption->font();
     fntCaption.setBold(true);
     fntCaption.setPointSizeF(fntCaption.pointSizeF() * 1.2);
@@ -141,33 +156,25 @@ void ctlRun::CreateWidgets() {
 // The frame "Showing Now": labels and part list, the prop details over the
 // part list, the mirror, the player, the buttons.
 void ctlRun::CreateMainFrame() {
-    lblSIType = NewLabel(fraMain, QStringLiteral("lblSIType"));
-    Place(lblSIType, 120, 270, 4125, 255);
+    lblSIType = NewLabel(fraMain, QStringLiteral("lblSIType"), 120, 270, 4125, 255);
     QFont fntType = lblSIType->font();
     fntType.setBold(true);
     lblSIType->setFont(fntType);
-    lblSIDescription = NewLabel(fraMain, QStringLiteral("lblSIDescription"));
-    Place(lblSIDescription, 120, 540, 4125, 255);
-    lvwSIContent = NewListView(fraMain, QStringLiteral("lvwSIContent"));
-    Place(lvwSIContent, 120, 840, 4125, 1410);
-    lvwSIContent->setImageList(imlVerseChorus);
-    lvwSIContent->hide();
+    lblSIDescription = NewLabel(fraMain, QStringLiteral("lblSIDescription"), 120, 540, 4125, 255);
+    lvwSIContent =
+        NewPartList(fraMain, QStringLiteral("lvwSIContent"), imlVerseChorus, 120, 840, 4125, 1410);
 
     fraPropDetails = Named(new QGroupBox(fraMain), QStringLiteral("fraPropDetails"));
     Place(fraPropDetails, 120, 840, 4125, 1410);
-    lblPropType = NewLabel(fraPropDetails, QStringLiteral("lblPropType"));
-    Place(lblPropType, 120, 210, 1380, 255);
+    lblPropType = NewLabel(fraPropDetails, QStringLiteral("lblPropType"), 120, 210, 1380, 255);
     lblPropType->setFont(fntType);
-    lblPropDescription = NewLabel(fraPropDetails, QStringLiteral("lblPropDescription"));
-    Place(lblPropDescription, 1560, 210, 2445, 255);
-    lvwPropSIContent = NewListView(fraPropDetails, QStringLiteral("lvwPropSIContent"));
-    Place(lvwPropSIContent, 120, 495, 3885, 840);
-    lvwPropSIContent->setImageList(imlVerseChorus);
-    lvwPropSIContent->hide();
+    lblPropDescription =
+        NewLabel(fraPropDetails, QStringLiteral("lblPropDescription"), 1560, 210, 2445, 255);
+    lvwPropSIContent = NewPartList(fraPropDetails, QStringLiteral("lvwPropSIContent"),
+                                   imlVerseChorus, 120, 495, 3885, 840);
     fraPropDetails->hide();
 
-    imgMirror = NewLabel(fraMain, QStringLiteral("imgMirror"));
-    Place(imgMirror, 120, 2340, 2040, 1530);
+    imgMirror = NewLabel(fraMain, QStringLiteral("imgMirror"), 120, 2340, 2040, 1530);
     imgMirror->setScaledContents(true);
     imgMirror->setFrameShape(QFrame::Box);
     MediaPlayer2 = Named(new MediaPlayer(fraMain), QStringLiteral("MediaPlayer2"));
@@ -212,8 +219,7 @@ void ctlRun::CreateExtras() {
     ssTabExtras->addTab(propPage, QStringLiteral("Prop Bag"));
     ssTabExtras->addTab(galleryPage, QStringLiteral("&Other Service Items"));
 
-    lvwProps = NewListView(propPage, QStringLiteral("lvwProps"));
-    Place(lvwProps, 60, 60, 4185, 1500);
+    lvwProps = NewListView(propPage, QStringLiteral("lvwProps"), 60, 60, 4185, 1500);
     lvwProps->setImageList(imlServiceItems);
     lvwProps->AddColumnHeader(QString(), QString(), 4125);
     lvwProps->setHeaderHidden(true);
@@ -247,10 +253,12 @@ void ctlRun::ConnectWidgets() {
 // ---------------------------------------------------------------- initialise
 
 void ctlRun::UserControl_Initialize() {
-    TraceLine("ctlRun", "UserControl_Initialize").Write();
     // The prefix names ctlOptions: the handler came from there.
-    ErrorReport::TryErrorBox(
-        QStringLiteral("QVLTCONTROLS:ctlOptions:UserControl_Initialize : Error number is "), [&] {
+    RunMember("UserControl_Initialize")
+        .WithPrefix(
+            QStringLiteral("QVLTCONTROLS:ctlOptions:UserControl_Initialize : Error number is "))
+        .Enter()
+        .ErrorBox([&] {
             SSTab1->setTabCaption(0, QString());
             QString strErrorMessage;
             LoadGeneralTab(strErrorMessage);
@@ -260,18 +268,17 @@ void ctlRun::UserControl_Initialize() {
 
 // Fetches the options record and lets it go: nothing here keeps a value.
 void ctlRun::LoadGeneralTab(QString& strErrorMessage) {
-    TraceLine("ctlRun", "LoadGeneralTab").Write();
-    ErrorReport::TryErrorReturn(
-        QStringLiteral("QVLTCONTROLS:ctlOptions:LoadGeneralTab: Error number is "), strErrorMessage,
-        [&] {
+    RunMember("LoadGeneralTab")
+        .WithPrefix(QStringLiteral("QVLTCONTROLS:ctlOptions:LoadGeneralTab: Error number is "))
+        .Enter()
+        .ErrorReturn(strErrorMessage, [&] {
             std::unique_ptr<Recordset> rs;
             DataAccess::Instance().GetOptions(strErrorMessage, rs);
         });
 }
 
 void ctlRun::SSTab1_Click(qint16 PreviousTab) {
-    ErrorReport::Guard([&] {
-        TraceLine("ctlRun", "SSTab1_Click").Arg(QStringLiteral("PreviousTab"), PreviousTab).Write();
+    RunMember("SSTab1_Click").Arg(QStringLiteral("PreviousTab"), PreviousTab).Enter().Guarded([&] {
         if (SSTab1->Tab() == 0 && !m_blnGeneralTabLoaded) {
             QString strErrorMessage;
             LoadGeneralTab(strErrorMessage);
@@ -290,9 +297,10 @@ void ctlRun::resizeEvent(QResizeEvent* event) {
 // tab set widen with it beyond the designed width, and the tab set, the two
 // frames on it and their lists reach down to the bottom.
 void ctlRun::UserControl_Resize() {
-    TraceLine("ctlRun", "UserControl_Resize").Write();
-    ErrorReport::TryErrorBox(
-        QStringLiteral("QVLTCONTROLS:ctlOptions:UserControl_Resize : Error number is "), [&] {
+    RunMember("UserControl_Resize")
+        .WithPrefix(QStringLiteral("QVLTCONTROLS:ctlOptions:UserControl_Resize : Error number is "))
+        .Enter()
+        .ErrorBox([&] {
             SSScroll1->setGeometry(rect());
             const qint32 lngScrollWidth = TwipsWidth(SSScroll1);
             const qint32 lngScrollHeight = TwipsHeight(SSScroll1);

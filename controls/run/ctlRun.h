@@ -9,6 +9,8 @@
 #include <QVariant>
 #include <QWidget>
 
+#include <memory>
+
 class QCheckBox;
 class QGroupBox;
 class QLabel;
@@ -220,6 +222,15 @@ private:
 
     // Loading (ctlRun_Load.cpp).
     void AddRunNode(qint32 lngPosition, qint32 lngServiceItemID);
+    // The item's description with the stored apostrophe marker decoded; the
+    // look-ups report into strErrorMessage.
+    static QString ItemDescription(qint32 lngSIID, QString& strErrorMessage);
+    // The row of one service item, as GetServiceItems gives it (nullptr when
+    // the store could not answer).
+    static std::unique_ptr<Recordset> ServiceItemRow(qint32 lngSIID, QString& strErrorMessage);
+    // Raises 91 for a missing recordset; false when it holds no rows, else it
+    // stands on its first row, its last visited so that RecordCount is known.
+    static bool HasRows(Recordset* rs);
     void ClearBoldNodes();
     void ShowSelectedNodeAsRunning();
 

@@ -1,10 +1,11 @@
 // Loading a service to run: the tree of shown items and the first item.
 #include "run/ctlRun.h"
+#include "run/ctlRunMember.h"
 
 #include "DataAccess.h"
 #include "TraceLog.h"
-#include "foundations/TraceLine.h"
 #include "foundations/Twips.h"
+#include "foundations/VBError.h"
 #include "foundations/VBRuntime.h"
 #include "foundations/VBTreeWidget.h"
 
@@ -14,7 +15,7 @@
 // the host. A DataAccess error text is written to the trace log and ends the
 // load where it stands; the id stays stored.
 void ctlRun::setRunningService(qint32 lngServiceID) {
-    TraceLine("ctlRun", "RunningService").Arg(QStringLiteral("lngServiceID"), lngServiceID).Write();
+    RunMember("RunningService").Arg(QStringLiteral("lngServiceID"), lngServiceID).Enter();
     // First, so that ShowSIAsRunning below sees a service run.
     m_lngRunningServiceID = lngServiceID;
     tvwRun->Clear();
@@ -40,9 +41,7 @@ void ctlRun::setRunningService(qint32 lngServiceID) {
         return;
     }
 
-    if (rs->RecordCount() > 0) {
-        rs->MoveLast();
-        rs->MoveFirst();
+    if (HasRows(rs.get())) {
         // The key counts every row, shown or hidden, from 1.
         for (qint32 lngPosition = 1; !rs->Eof(); ++lngPosition, rs->MoveNext()) {
             const QVariant varShow = rs->Fields(QStringLiteral("ShowAtRunTime"));
@@ -78,12 +77,7 @@ void ctlRun::setRunningService(qint32 lngServiceID) {
 void ctlRun::AddRunNode(qint32 lngPosition, qint32 lngServiceItemID) {
     DataAccess& da = DataAccess::Instance();
     QString strErrorMessage;
-    QString strText;
-    da.GetServiceItemDescription(lngServiceItemID, strErrorMessage, strText);
-    if (VB::InStr(strText, QStringLiteral("@@")) > 0) {
-        const QString strStored = strText;
-        da.DecodeStoredText(strStored, strErrorMessage, strText);
-    }
+    const QString strText = ItemDescription(lngServiceItemID, strErrorMessage);
     const QString strKey = VB::CStr(lngPosition) + QStringLiteral("SIID");
     VBNode node;
     if (lngServiceItemID == 1) {
@@ -96,6 +90,34 @@ void ctlRun::AddRunNode(qint32 lngPosition, qint32 lngServiceItemID) {
     node.setTag(lngServiceItemID);
 }
 
+QString ctlRun::ItemDescription(qint32 lngSIID, QString& strErrorMessage) {
+    DataAccess& da = DataAccess::Instance();
+    QString strText;
+    da.GetServiceItemDescription(lngSIID, strErrorMessage, strText);
+    if (VB::InStr(strText, QStringLiteral("@@")) > 0) {
+        const QString strStored = strText;
+        da.DecodeStoredText(strStored, strErrorMessage, strText);
+    }
+    return strText;
+}
+
+std::unique_ptr<Recordset> ctlRun::ServiceItemRow(qint32 lngSIID, QString& strErrorMessage) {
+    std::unique_ptr<Recordset> rs;
+    DataAccess::Instance().GetServiceItems(QStringLiteral("ServiceItemID = ") + VB::CStr(lngSIID),
+                                           4, strErrorMessage, rs);
+    return rs;
+}
+
+bool ctlRun::HasRows(Recordset* rs) {
+    if (!rs)
+        throw VBError(VBErr::ObjectNotSet);
+    if (rs->RecordCount() == 0)
+        return false;
+    rs->MoveLast();
+    rs->MoveFirst();
+    return true;
+}
+
 void ctlRun::ClearBoldNodes() {
     for (qint32 i = 1; i <= tvwRun->Count(); ++i)
         tvwRun->Nodes(i).setBold(false);
@@ -104,9 +126,9 @@ void ctlRun::ClearBoldNodes() {
 // Write of RunningServiceServiceItem: the item at that index becomes current,
 // without part handling.
 void ctlRun::setRunningServiceServiceItem(qint16 intServiceSI) {
-    TraceLine("ctlRun", "RunningServiceServiceItem")
+    RunMember("RunningServiceServiceItem")
         .Arg(QStringLiteral("intServiceSI"), intServiceSI)
-        .Write();
+        .Enter();
     tvwRun->setSelectedItem(tvwRun->Nodes(static_cast<qint32>(intServiceSI) + 1));
     ShowSelectedNodeAsRunning();
 }

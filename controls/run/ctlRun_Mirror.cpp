@@ -1,9 +1,8 @@
 // The mirror of the projector picture, and where the projector is.
 #include "run/ctlRun.h"
+#include "run/ctlRunMember.h"
 
-#include "foundations/ErrorReport.h"
 #include "foundations/Platform.h"
-#include "foundations/TraceLine.h"
 #include "run/clsMonitors.h"
 
 #include <QApplication>
@@ -18,9 +17,10 @@ const QString ProjectorWindowTitle = QStringLiteral("CorvantisRunForm");
 const QString ProjectorWindowClass = QStringLiteral("ProjectorWindow");
 } // namespace
 
-// No handler. The trace prefix carries a stray apostrophe, as it always has.
+// No handler. The member's name in the trace line carries a stray apostrophe,
+// as it always has.
 void ctlRun::RefreshScreenMirror() {
-    TraceLine::WithPrefix(QStringLiteral("QVLTCONTROLS:ctlRun:'RefreshScreenMirror")).Write();
+    RunMember("'RefreshScreenMirror").Enter();
     imgMirror->setPixmap(GetOLEScreenSnapshot());
 }
 
@@ -59,26 +59,23 @@ void ctlRun::FindProjectorRect() {
 // the console calls this today: the title and the class are the contract with
 // the host. Failure: the full error box, and the answer nullptr.
 QWidget* ctlRun::GetProjectorWindowHandle(QWidget*& hWnd) {
-    TraceLine("ctlRun", "GetProjectorWindowHandle").Write();
+    const auto entry = RunMember("GetProjectorWindowHandle").Enter();
     hWnd = nullptr;
-    ErrorReport::TryFullErrorBox(
-        ErrorReport::FullSource(QStringLiteral("ctlRun"),
-                                QStringLiteral("GetProjectorWindowHandle")),
-        [&] {
-            const QWidgetList windows = QApplication::topLevelWidgets();
-            for (QWidget* window : windows) {
-                if (!window->isWindow())
-                    continue;
-                const QString strTitle = window->windowTitle().left(255);
-                if (strTitle.left(16) != ProjectorWindowTitle)
-                    continue;
-                const QString strClass =
-                    QString::fromLatin1(window->metaObject()->className()).left(255);
-                if (strClass == ProjectorWindowClass) {
-                    hWnd = window;
-                    return;
-                }
+    entry.FullErrorBox([&] {
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        for (QWidget* window : windows) {
+            if (!window->isWindow())
+                continue;
+            const QString strTitle = window->windowTitle().left(255);
+            if (strTitle.left(16) != ProjectorWindowTitle)
+                continue;
+            const QString strClass =
+                QString::fromLatin1(window->metaObject()->className()).left(255);
+            if (strClass == ProjectorWindowClass) {
+                hWnd = window;
+                return;
             }
-        });
+        }
+    });
     return hWnd;
 }

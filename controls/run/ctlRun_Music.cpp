@@ -1,11 +1,10 @@
 // The music of an item, played on MediaPlayer2.
 #include "run/ctlRun.h"
+#include "run/ctlRunMember.h"
 
 #include "DataAccess.h"
 #include "TraceLog.h"
-#include "foundations/ErrorReport.h"
 #include "foundations/Platform.h"
-#include "foundations/TraceLine.h"
 #include "foundations/VBError.h"
 #include "foundations/VBRuntime.h"
 #include "run/MediaPlayer.h"
@@ -51,19 +50,18 @@ const QString& MovedLine() {
 } // namespace
 
 qint16 ctlRun::PlayMusic(qint32 lngSIID, QString& strErrorMessage) {
-    TraceLine("ctlRun", "PlayMusic")
-        .Arg(QStringLiteral("lngSIID"), lngSIID)
-        .Arg(QStringLiteral("strErrorMessage"), strErrorMessage)
-        .Write();
+    const auto entry = RunMember("PlayMusic")
+                           .Arg(QStringLiteral("lngSIID"), lngSIID)
+                           .Arg(QStringLiteral("strErrorMessage"), strErrorMessage)
+                           .Enter();
     qint16 intResult = 0;
-    ErrorReport::TryFullErrorBox(
-        ErrorReport::FullSource(QStringLiteral("ctlRun"), QStringLiteral("PlayMusic")), [&] {
-            // A link that leads back to an item on the way would never end.
-            if (m_lstMusicChain.contains(lngSIID))
-                throw VBError(OutOfStackSpace, QStringLiteral("Out of stack space"));
-            const MusicChainLink link(m_lstMusicChain, lngSIID);
-            intResult = PlayMusicOfItem(lngSIID, strErrorMessage);
-        });
+    entry.FullErrorBox([&] {
+        // A link that leads back to an item on the way would never end.
+        if (m_lstMusicChain.contains(lngSIID))
+            throw VBError(OutOfStackSpace, QStringLiteral("Out of stack space"));
+        const MusicChainLink link(m_lstMusicChain, lngSIID);
+        intResult = PlayMusicOfItem(lngSIID, strErrorMessage);
+    });
     return intResult;
 }
 
@@ -76,9 +74,7 @@ qint16 ctlRun::PlayMusic(qint32 lngSIID) {
 // the music; a music item plays its own file, any other item what its
 // ServiceItemMusic names.
 qint16 ctlRun::PlayMusicOfItem(qint32 lngSIID, QString& strErrorMessage) {
-    std::unique_ptr<Recordset> rs;
-    DataAccess::Instance().GetServiceItems(QStringLiteral("ServiceItemID = ") + VB::CStr(lngSIID),
-                                           4, strErrorMessage, rs);
+    const std::unique_ptr<Recordset> rs = ServiceItemRow(lngSIID, strErrorMessage);
     if (!rs)
         throw VBError(VBErr::ObjectNotSet);
     if (rs->RecordCount() == 0) {
@@ -164,7 +160,7 @@ void ctlRun::StopMusic() {
 }
 
 bool ctlRun::ShouldAutoPlayMusic() {
-    TraceLine("ctlRun", "ShouldAutoPlayMusic").Write();
+    RunMember("ShouldAutoPlayMusic").Enter();
     QString strErrorMessage;
     std::unique_ptr<Recordset> rs;
     DataAccess::Instance().GetOptions(strErrorMessage, rs);

@@ -1,12 +1,11 @@
 // The operator's actions: navigation buttons, size buttons, keys, projector,
 // and the host's calls that answer them.
 #include "run/ctlRun.h"
+#include "run/ctlRunMember.h"
 
-#include "foundations/ErrorReport.h"
 #include "foundations/KeyCodes.h"
 #include "foundations/Platform.h"
 #include "foundations/SSRibbon.h"
-#include "foundations/TraceLine.h"
 #include "foundations/VBRuntime.h"
 #include "foundations/VBTreeWidget.h"
 #include "galleries/ctlServiceItemGallery.h"
@@ -34,8 +33,7 @@ template <class F> void WhileDisabled(QPushButton* cmd, F&& raise) {
 } // namespace
 
 void ctlRun::cmdForward_Click() {
-    ErrorReport::Guard([&] {
-        TraceLine("ctlRun", "cmdForward_Click").Write();
+    RunMember("cmdForward_Click").Enter().Guarded([&] {
         WhileDisabled(cmdForward, [&] { emit ShowNextClicked(); });
         Platform::Current().DoEvents();
         RefreshScreenMirror();
@@ -43,8 +41,7 @@ void ctlRun::cmdForward_Click() {
 }
 
 void ctlRun::cmdBack_Click() {
-    ErrorReport::Guard([&] {
-        TraceLine("ctlRun", "cmdBack_Click").Write();
+    RunMember("cmdBack_Click").Enter().Guarded([&] {
         WhileDisabled(cmdBack, [&] { emit ShowPreviousClicked(); });
         Platform::Current().DoEvents();
         RefreshScreenMirror();
@@ -52,16 +49,14 @@ void ctlRun::cmdBack_Click() {
 }
 
 void ctlRun::cmdEnd_Click() {
-    ErrorReport::Guard([&] {
-        TraceLine("ctlRun", "cmdEnd_Click").Write();
+    RunMember("cmdEnd_Click").Enter().Guarded([&] {
         emit EndRun();
         RefreshScreenMirror();
     });
 }
 
 void ctlRun::cmdRefresh_Click() {
-    ErrorReport::Guard([&] {
-        TraceLine("ctlRun", "cmdRefresh_Click").Write();
+    RunMember("cmdRefresh_Click").Enter().Guarded([&] {
         RefreshScreenMirror();
         cmdForward->setFocus();
     });
@@ -70,8 +65,7 @@ void ctlRun::cmdRefresh_Click() {
 // The host hears the item index (the root is 0) and usually calls
 // ShowServiceSIAsRunning; the clicked node is bold afterwards either way.
 void ctlRun::tvwRun_NodeClick(QTreeWidgetItem* Node) {
-    ErrorReport::Guard([&] {
-        TraceLine("ctlRun", "tvwRun_NodeClick").Write();
+    RunMember("tvwRun_NodeClick").Enter().Guarded([&] {
         VBNode node(Node);
         emit ShowServiceSI(VB::CInt(node.Index() - 1));
         ClearBoldNodes();
@@ -83,8 +77,7 @@ void ctlRun::tvwRun_NodeClick(QTreeWidgetItem* Node) {
 // Runs on every change of the value, by the operator or by
 // ProjectorTurnedOn/Off.
 void ctlRun::chkProjectorOn_Click() {
-    ErrorReport::Guard([&] {
-        TraceLine("ctlRun", "chkProjectorOn_Click").Write();
+    RunMember("chkProjectorOn_Click").Enter().Guarded([&] {
         if (chkProjectorOn->checkState() == Qt::Checked)
             emit TurnOnProjector();
         else
@@ -95,8 +88,7 @@ void ctlRun::chkProjectorOn_Click() {
 // The three ribbon buttons act when pressed in, and spring back at once;
 // springing back runs the handler again with Value False, which does nothing.
 void ctlRun::cmdShowProperties_Click(bool Value) {
-    ErrorReport::Guard([&] {
-        TraceLine("ctlRun", "cmdShowProperties_Click").Arg(QStringLiteral("Value"), Value).Write();
+    RunMember("cmdShowProperties_Click").Arg(QStringLiteral("Value"), Value).Enter().Guarded([&] {
         if (!Value)
             return;
         cmdShowProperties->setValue(false);
@@ -105,8 +97,7 @@ void ctlRun::cmdShowProperties_Click(bool Value) {
 }
 
 void ctlRun::cmdMagnify_Click(bool Value) {
-    ErrorReport::Guard([&] {
-        TraceLine("ctlRun", "cmdMagnify_Click").Arg(QStringLiteral("Value"), Value).Write();
+    RunMember("cmdMagnify_Click").Arg(QStringLiteral("Value"), Value).Enter().Guarded([&] {
         if (!Value)
             return;
         cmdMagnify->setValue(false);
@@ -118,8 +109,7 @@ void ctlRun::cmdMagnify_Click(bool Value) {
 
 // Unlike cmdMagnify, pumps messages before the mirror is refreshed.
 void ctlRun::cmdMakeSmaller_Click(bool Value) {
-    ErrorReport::Guard([&] {
-        TraceLine("ctlRun", "cmdMakeSmaller_Click").Arg(QStringLiteral("Value"), Value).Write();
+    RunMember("cmdMakeSmaller_Click").Arg(QStringLiteral("Value"), Value).Enter().Guarded([&] {
         if (!Value)
             return;
         cmdMakeSmaller->setValue(false);
@@ -133,10 +123,10 @@ void ctlRun::cmdMakeSmaller_Click(bool Value) {
 // 187 (the "=" / "+" key) presses cmdMagnify, 189 (the "-" key) presses
 // cmdMakeSmaller, with or without Shift; no other key does anything.
 void ctlRun::UserControl_KeyUp(qint16 KeyCode, qint16 Shift) {
-    TraceLine("ctlRun", "UserControl_KeyUp")
+    RunMember("UserControl_KeyUp")
         .Arg(QStringLiteral("KeyCode"), KeyCode)
         .Arg(QStringLiteral("Shift"), Shift)
-        .Write();
+        .Enter();
     if (KeyCode == KeyCodes::vbKeyEquals)
         cmdMagnify->setValue(true);
     else if (KeyCode == KeyCodes::vbKeyMinus)
@@ -144,14 +134,14 @@ void ctlRun::UserControl_KeyUp(qint16 KeyCode, qint16 Shift) {
 }
 
 void ctlRun::UserControl_Show() {
-    TraceLine("ctlRun", "UserControl_Show").Write();
+    RunMember("UserControl_Show").Enter();
     ctlServiceItemGallery1->ShowServiceItems();
 }
 
 // Yes ends what runs: a prop first (a press of cmdEnd while its caption is
 // "&End Prop"), then the run. So a prop run raises EndRun twice.
 bool ctlRun::CanUnload() {
-    TraceLine("ctlRun", "CanUnload").Write();
+    RunMember("CanUnload").Enter();
     const qint32 intAnswer = Platform::Current().MsgBox(
         QStringLiteral("Do you want to stop running this item?"), vbYesNo, QString());
     if (intAnswer != vbYes)
@@ -165,7 +155,7 @@ bool ctlRun::CanUnload() {
 // ---------------------------------------------------------------- host calls
 
 void ctlRun::AtEndOfSI() {
-    TraceLine("ctlRun", "AtEndOfSI").Write();
+    RunMember("AtEndOfSI").Enter();
     cmdForward->setToolTip(QStringLiteral("&Finish this Service Item"));
     RefreshScreenMirror();
 }
@@ -173,21 +163,21 @@ void ctlRun::AtEndOfSI() {
 // Setting the check box raises TurnOnProjector (TurnOffProjector) once more
 // when the value changes; a second call with the same value raises nothing.
 void ctlRun::ProjectorTurnedOn() {
-    TraceLine("ctlRun", "ProjectorTurnedOn").Write();
+    RunMember("ProjectorTurnedOn").Enter();
     chkProjectorOn->setCheckState(Qt::Checked);
     RefreshScreenMirror();
 }
 
 void ctlRun::ProjectorTurnedOff() {
-    TraceLine("ctlRun", "ProjectorTurnedOff").Write();
+    RunMember("ProjectorTurnedOff").Enter();
     chkProjectorOn->setCheckState(Qt::Unchecked);
     RefreshScreenMirror();
 }
 
 void ctlRun::JustIncreasedSize() {
-    TraceLine("ctlRun", "JustIncreasedSize").Write();
+    RunMember("JustIncreasedSize").Enter();
 }
 
 void ctlRun::JustDecreasedSize() {
-    TraceLine("ctlRun", "JustDecreasedSize").Write();
+    RunMember("JustDecreasedSize").Enter();
 }

@@ -1,11 +1,10 @@
 // The prop bag: items held at hand, started outside the running order.
 #include "run/ctlRun.h"
+#include "run/ctlRunMember.h"
 
 #include "DataAccess.h"
 #include "TraceLog.h"
-#include "foundations/ErrorReport.h"
 #include "foundations/Platform.h"
-#include "foundations/TraceLine.h"
 #include "foundations/VBError.h"
 #include "foundations/VBRuntime.h"
 #include "foundations/VBTreeWidget.h"
@@ -26,24 +25,18 @@ const QString& PropBagErrorPrefix() {
 // written to the error line and ends the fill, with its text left in
 // strErrorMessage for the caller.
 void ctlRun::AddServicePropBagItems(qint32 lngService, QString& strErrorMessage) {
-    TraceLine("ctlRun", "AddServicePropBagItems")
+    RunMember("AddServicePropBagItems")
         .Arg(QStringLiteral("lngService"), lngService)
-        .Write();
-    ErrorReport::TryErrorReturn(
-        ErrorReport::Prefix(QStringLiteral("ctlRun"), QStringLiteral("AddServicePropBagItems")),
-        strErrorMessage, [&] {
+        .Enter()
+        .ErrorReturn(strErrorMessage, [&] {
             std::unique_ptr<Recordset> rs;
             DataAccess::Instance().GetServicePropBag(
                 QStringLiteral("ServiceID = ") + VB::CStr(lngService), 4, strErrorMessage, rs);
             if (!strErrorMessage.isEmpty())
                 return;
             lvwProps->Clear();
-            if (!rs)
-                throw VBError(VBErr::ObjectNotSet);
-            if (rs->RecordCount() == 0)
+            if (!HasRows(rs.get()))
                 return;
-            rs->MoveLast();
-            rs->MoveFirst();
             for (; !rs->Eof(); rs->MoveNext())
                 if (!AddServicePropBagItem(
                         VB::CLng(rs->Fields(QStringLiteral("PropServiceItemID"))), strErrorMessage))
@@ -62,12 +55,7 @@ bool ctlRun::AddServicePropBagItem(qint32 lngPropSIID, QString& strErrorMessage)
         TraceLog::Instance().WriteErrorLine(PropBagErrorPrefix() + strErrorMessage);
         return false;
     }
-    QString strDescription;
-    da.GetServiceItemDescription(lngPropSIID, strErrorMessage, strDescription);
-    if (VB::InStr(strDescription, QStringLiteral("@@")) > 0) {
-        const QString strStored = strDescription;
-        da.DecodeStoredText(strStored, strErrorMessage, strDescription);
-    }
+    const QString strDescription = ItemDescription(lngPropSIID, strErrorMessage);
     qint16 intTypeID = 0;
     da.GetServiceItemTypeID(lngPropSIID, strErrorMessage, intTypeID);
     VBNode item = lvwProps->AddItem(QString(), strDescription, QVariant(), intTypeID);
@@ -82,7 +70,7 @@ bool ctlRun::AddServicePropBagItem(qint32 lngPropSIID, QString& strErrorMessage)
 // The host has ended the prop. Nothing else is restored: lblSIType keeps the
 // prop's type until the next item is shown, and the mirror is left alone.
 void ctlRun::PropRunEnded() {
-    TraceLine("ctlRun", "PropRunEnded").Write();
+    RunMember("PropRunEnded").Enter();
     fraPropDetails->hide();
     cmdEnd->setText(QStringLiteral("&End"));
     fraMain->setTitle(QStringLiteral("Showing Now"));
@@ -92,8 +80,7 @@ void ctlRun::PropRunEnded() {
 
 // The event comes first, so that the projector changes before the console.
 void ctlRun::lvwProps_DblClick() {
-    ErrorReport::Guard([&] {
-        TraceLine("ctlRun", "lvwProps_DblClick").Write();
+    RunMember("lvwProps_DblClick").Enter().Guarded([&] {
         const VBNode selected = lvwProps->SelectedItem();
         if (!selected)
             return;
@@ -104,12 +91,12 @@ void ctlRun::lvwProps_DblClick() {
 }
 
 void ctlRun::ctlServiceItemGallery1_SIDblClicked(qint32 SIId) {
-    ErrorReport::Guard([&] {
-        TraceLine("ctlRun", "ctlServiceItemGallery1_SIDblClicked")
-            .Arg(QStringLiteral("SIId"), SIId)
-            .Write();
-        emit ShowSI(SIId);
-        ShowSIAsRunning(SIId, false);
-        RefreshScreenMirror();
-    });
+    RunMember("ctlServiceItemGallery1_SIDblClicked")
+        .Arg(QStringLiteral("SIId"), SIId)
+        .Enter()
+        .Guarded([&] {
+            emit ShowSI(SIId);
+            ShowSIAsRunning(SIId, false);
+            RefreshScreenMirror();
+        });
 }

@@ -1,10 +1,10 @@
 // Showing a service item as the one running: labels, part list, captions.
 #include "run/ctlRun.h"
+#include "run/ctlRunMember.h"
 
 #include "DataAccess.h"
 #include "TraceLog.h"
 #include "foundations/SSTab.h"
-#include "foundations/TraceLine.h"
 #include "foundations/Twips.h"
 #include "foundations/VBError.h"
 #include "foundations/VBRuntime.h"
@@ -33,11 +33,11 @@ bool ctlRun::IsPropRun(bool blnIsPartOfActiveService) const {
 
 // No handler: an index beyond the nodes reaches the host.
 void ctlRun::ShowServiceSIAsRunning(qint16 intServiceSI, qint32 lngNewPartID, qint16 NewPartType) {
-    TraceLine("ctlRun", "ShowServiceSIAsRunning")
+    RunMember("ShowServiceSIAsRunning")
         .Arg(QStringLiteral("intServiceSI"), intServiceSI)
         .Arg(QStringLiteral("lngNewPartID"), lngNewPartID)
         .Arg(QStringLiteral("NewPartType"), NewPartType)
-        .Write();
+        .Enter();
     ClearBoldNodes();
     VBNode node = tvwRun->Nodes(static_cast<qint32>(intServiceSI) + 1);
     node.setBold(true);
@@ -67,10 +67,10 @@ void ctlRun::ShowServiceSIAsRunning(qint16 intServiceSI, qint32 lngNewPartID, qi
 // they came. The texts formed for an unknown item and for music that failed
 // are shown nowhere.
 void ctlRun::ShowSIAsRunning(qint32 lngSIID, bool blnIsPartOfActiveService) {
-    TraceLine("ctlRun", "ShowSIAsRunning")
+    RunMember("ShowSIAsRunning")
         .Arg(QStringLiteral("lngSIID"), lngSIID)
         .Arg(QStringLiteral("blnIsPartOfActiveService"), blnIsPartOfActiveService)
-        .Write();
+        .Enter();
     const bool blnIsPropRun = IsPropRun(blnIsPartOfActiveService);
     // A prop leaves the main part list and any playing music alone.
     if (!blnIsPropRun) {
@@ -80,9 +80,7 @@ void ctlRun::ShowSIAsRunning(qint32 lngSIID, bool blnIsPartOfActiveService) {
     }
 
     QString strErrorMessage;
-    std::unique_ptr<Recordset> rs;
-    DataAccess::Instance().GetServiceItems(QStringLiteral("ServiceItemID = ") + VB::CStr(lngSIID),
-                                           4, strErrorMessage, rs);
+    std::unique_ptr<Recordset> rs = ServiceItemRow(lngSIID, strErrorMessage);
     if (!rs)
         throw VBError(VBErr::ObjectNotSet);
     if (rs->RecordCount() == 0) {

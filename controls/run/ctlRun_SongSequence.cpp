@@ -5,12 +5,11 @@
 // its 1-based row (SIPartChanged), the console names it by row minus 1
 // (ShowVerse, ShowPropVerse).
 #include "run/ctlRun.h"
+#include "run/ctlRunMember.h"
 
 #include "DataAccess.h"
 #include "TraceLog.h"
-#include "foundations/ErrorReport.h"
 #include "foundations/Platform.h"
-#include "foundations/TraceLine.h"
 #include "foundations/Twips.h"
 #include "foundations/VBError.h"
 #include "foundations/VBRuntime.h"
@@ -28,16 +27,14 @@ constexpr qint16 SongPartType = 2;
 // lvwSIContent otherwise. The first row is bold; the list's own default
 // selection stands.
 void ctlRun::SetupSong(qint32 lngSIID, bool blnIsPartOfActiveService) {
-    TraceLine("ctlRun", "SetupSong")
+    RunMember("SetupSong")
         .Arg(QStringLiteral("lngSIID"), lngSIID)
         .Arg(QStringLiteral("blnIsPartOfActiveService"), blnIsPartOfActiveService)
-        .Write();
-    ErrorReport::TryErrorBox(
-        QStringLiteral("QVLTCONTROLS:ctlRun:SetupSong : Error number is "), [&] {
+        .Spelt()
+        .Enter()
+        .ErrorBox([&] {
             QString strErrorMessage;
-            std::unique_ptr<Recordset> rs;
-            DataAccess::Instance().GetServiceItems(
-                QStringLiteral("ServiceItemID = ") + VB::CStr(lngSIID), 4, strErrorMessage, rs);
+            const std::unique_ptr<Recordset> rs = ServiceItemRow(lngSIID, strErrorMessage);
             if (!strErrorMessage.isEmpty()) {
                 TraceLog::Instance().WriteErrorLine(QStringLiteral("ctlRun:SetupSong: ") +
                                                     strErrorMessage);
@@ -74,12 +71,8 @@ void ctlRun::FillSongList(VBTreeWidget* lvw, qint32 lngSIID) {
     QString strErrorMessage;
     std::unique_ptr<Recordset> rs;
     da.GetSongSequence(lngSIID, strErrorMessage, rs);
-    if (!rs)
-        throw VBError(VBErr::ObjectNotSet);
-    if (rs->RecordCount() == 0)
+    if (!HasRows(rs.get()))
         return;
-    rs->MoveLast();
-    rs->MoveFirst();
     while (!rs->Eof()) {
         const QVariant varChorus = rs->Fields(QStringLiteral("IsChorus"));
         const bool blnIsChorus = !varChorus.isNull() && VB::CBool(varChorus);
@@ -116,10 +109,10 @@ void ctlRun::MarkPart(VBTreeWidget* lvw, const VBNode& Item) {
 // No handler: a part beyond the rows reaches the host, and the tool tip stays
 // as it was.
 void ctlRun::SIPartChanged(qint32 lngPartID, qint16 PartType) {
-    TraceLine("ctlRun", "SIPartChanged")
+    RunMember("SIPartChanged")
         .Arg(QStringLiteral("lngPartID"), lngPartID)
         .Arg(QStringLiteral("PartType"), PartType)
-        .Write();
+        .Enter();
     if (PartType == SongPartType) {
         VBTreeWidget* lvw = fraPropDetails->isHidden() ? lvwSIContent : lvwPropSIContent;
         VBNode item = lvw->ListItems(lngPartID);
@@ -135,8 +128,7 @@ void ctlRun::SIPartChanged(qint32 lngPartID, qint16 PartType) {
 
 // The host has moved the projector to the part when the event returns.
 void ctlRun::lvwSIContent_ItemClick(QTreeWidgetItem* Item) {
-    ErrorReport::Guard([&] {
-        TraceLine("ctlRun", "lvwSIContent_ItemClick").Write();
+    RunMember("lvwSIContent_ItemClick").Enter().Guarded([&] {
         const VBNode item(Item);
         emit ShowVerse(VB::CInt(item.Index() - 1));
         MarkPart(lvwSIContent, item);
@@ -147,8 +139,7 @@ void ctlRun::lvwSIContent_ItemClick(QTreeWidgetItem* Item) {
 
 // As lvwSIContent_ItemClick for a part of the prop; the mirror is left alone.
 void ctlRun::lvwPropSIContent_ItemClick(QTreeWidgetItem* Item) {
-    ErrorReport::Guard([&] {
-        TraceLine("ctlRun", "lvwPropSIContent_ItemClick").Write();
+    RunMember("lvwPropSIContent_ItemClick").Enter().Guarded([&] {
         const VBNode item(Item);
         emit ShowPropVerse(VB::CInt(item.Index() - 1));
         MarkPart(lvwPropSIContent, item);
