@@ -3,37 +3,22 @@
 // Shared pieces of the run console's suites: the trace lines a step wrote,
 // and small finders for the console's widgets.
 
-#include "TraceLog.h"
+#include "TraceFile.h"
 #include "foundations/Twips.h"
 #include "foundations/VBTreeWidget.h"
 
-#include <QFile>
-#include <QFileInfo>
 #include <QRegularExpression>
 #include <QStringList>
 
-// The lines the trace log gained since Mark(), each with its date and time
-// replaced by "*", so that a test compares whole lines:
+// The lines the trace file gained since the mark (see TraceFile), each with
+// its date and time replaced by "*", so that a test compares whole lines:
 //   "QVLTCONTROLS:ctlRun:SIPartChanged @ *: lngPartID = 2, PartType = 2, "
-class TraceTail {
+class TraceTail : public TraceFile {
 public:
-    TraceTail() { Mark(); }
-
-    void Mark() { m_pos = QFileInfo(TraceLog::Instance().FilePath()).size(); }
-
     QStringList Lines() const {
-        QFile file(TraceLog::Instance().FilePath());
-        if (!file.open(QIODevice::ReadOnly))
-            return {};
-        file.seek(m_pos);
         QStringList lines;
-        const QStringList raw = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
-        for (QString line : raw) {
-            if (line.endsWith(QLatin1Char('\r')))
-                line.chop(1);
-            if (!line.isEmpty())
-                lines << Normalized(line);
-        }
+        for (const QString& line : NewLines())
+            lines << Normalized(line);
         return lines;
     }
 
@@ -58,14 +43,16 @@ public:
         return lines;
     }
 
+    // The error lines of the console; the data library writes lines of its own.
+    QStringList ConsoleErrorLines() const {
+        return Lines().filter(QRegularExpression(QStringLiteral("^ERROR: (?!QVLTDBFUNCTIONS:)")));
+    }
+
     static QString Normalized(QString line) {
         static const QRegularExpression stamp(QStringLiteral(" @ [^,]*, \\d{1,2}:\\d{2}:\\d{2}"));
         line.replace(stamp, QStringLiteral(" @ *"));
         return line;
     }
-
-private:
-    qint64 m_pos = 0;
 };
 
 // The trace line of a member of ctlRun, as TraceTail gives it back.

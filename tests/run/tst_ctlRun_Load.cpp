@@ -1,13 +1,9 @@
 // Loading a service into the run console, and showing an item as running.
-#include "RunConsoleTest.h"
-#include "ScriptedPlatform.h"
-#include "TestDatabase.h"
-#include "TraceFile.h"
+#include "RunConsoleFixture.h"
 #include "VBErrorCheck.h"
 
 #include "foundations/SSTab.h"
 #include "foundations/VBError.h"
-#include "run/ctlRun.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
@@ -16,9 +12,7 @@
 #include <QSignalSpy>
 #include <QtTest>
 
-#include <memory>
-
-class tst_ctlRun_Load : public QObject {
+class tst_ctlRun_Load : public QObject, protected RunConsoleFixture<> {
     Q_OBJECT
 
 private slots:
@@ -79,24 +73,14 @@ private slots:
 private:
     qint32 AddAmazingGrace();
     qint32 AddPrayer();
-    bool RemoveItem(qint32 lngSIID);
-
-    std::unique_ptr<TestDatabase> db;
-    std::unique_ptr<ScriptedPlatform> platform;
-    std::unique_ptr<ctlRun> console;
 };
 
 void tst_ctlRun_Load::init() {
-    db = std::make_unique<TestDatabase>();
-    QVERIFY2(db->IsValid(), qPrintable(db->LastError()));
-    platform = std::make_unique<ScriptedPlatform>();
-    console = std::make_unique<ctlRun>();
+    QVERIFY2(StartConsole(), qPrintable(StartError()));
 }
 
 void tst_ctlRun_Load::cleanup() {
-    console.reset();
-    platform.reset();
-    db.reset();
+    StopConsole();
 }
 
 qint32 tst_ctlRun_Load::AddAmazingGrace() {
@@ -111,12 +95,6 @@ qint32 tst_ctlRun_Load::AddAmazingGrace() {
 qint32 tst_ctlRun_Load::AddPrayer() {
     return db->AddServiceItem(TestDatabase::Prayer, QStringLiteral("Prayer of St Francis"),
                               QStringLiteral("Make me a channel of your peace"));
-}
-
-// Deletes an item behind the application's back, leaving the rows that name it.
-bool tst_ctlRun_Load::RemoveItem(qint32 lngSIID) {
-    return db->Exec(QStringLiteral("PRAGMA foreign_keys = OFF")) &&
-           db->Exec(QStringLiteral("DELETE FROM ServiceItems WHERE ServiceItemID = ?"), {lngSIID});
 }
 
 // ---------------------------------------------------------------- loading
@@ -317,7 +295,7 @@ void tst_ctlRun_Load::rowWhoseItemIsGoneShowsAnEmptyTextAndTheRowsAfterItStillGe
     const qint32 song = AddAmazingGrace();
     const qint32 service = db->AddService(QStringLiteral("Morning"), {{gone}, {song}});
     QVERIFY(db->AddServicePropBag(service, {song}));
-    QVERIFY2(RemoveItem(gone), qPrintable(db->LastError()));
+    QVERIFY2(DeleteItemKeepingItsRows(gone), qPrintable(db->LastError()));
     QCOMPARE(
         db->Count(QStringLiteral("ServiceContents"), QStringLiteral("ServiceID = ?"), {service}),
         2);
@@ -344,7 +322,7 @@ void tst_ctlRun_Load::itemOfTypeNoneShowsWithoutAPictureAndTheLoadGoesOn() {
     const qint32 service =
         db->AddService(QStringLiteral("Morning"), {{prayer}, {untyped}, {prayer}});
     QVERIFY(db->AddServicePropBag(service, {prayer}));
-    TraceFile trace;
+    TraceTail trace;
 
     QCOMPARE(VBErrorNumberOf([&] { console->setRunningService(service); }), 0);
 
@@ -379,7 +357,7 @@ void tst_ctlRun_Load::propOfTypeNoneIsListedWithoutAPicture() {
     const qint32 prayer = AddPrayer();
     const qint32 service = db->AddService(QStringLiteral("Morning"), {{prayer}});
     QVERIFY(db->AddServicePropBag(service, {untyped, prayer}));
-    TraceFile trace;
+    TraceTail trace;
 
     console->setRunningService(service);
 

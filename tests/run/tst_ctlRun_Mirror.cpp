@@ -2,14 +2,11 @@
 // is, what is grabbed, who refreshes the mirror and who does not, and how the
 // host's projector window is recognised. Monitors and desktop are scripted;
 // every grab is counted through ScriptedPlatform::Grabs().
-#include "RunConsoleTest.h"
+#include "RunConsoleFixture.h"
 #include "RunTestHost.h"
-#include "ScriptedPlatform.h"
-#include "TestDatabase.h"
 
 #include "foundations/SSRibbon.h"
 #include "galleries/ctlServiceItemGallery.h"
-#include "run/ctlRun.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -20,7 +17,6 @@
 #include <QtTest>
 
 #include <functional>
-#include <memory>
 
 // Stands in for the host's projector window (host/ProjectorWindow.h): the
 // console looks for a window of this class name.
@@ -68,7 +64,7 @@ QColor MirrorPixel(const ctlRun& console, int x, int y) {
 
 } // namespace
 
-class tst_ctlRun_Mirror : public QObject {
+class tst_ctlRun_Mirror : public QObject, protected RunConsoleFixture<GrabWatchingPlatform> {
     Q_OBJECT
 
 private slots:
@@ -113,26 +109,20 @@ private slots:
 private:
     // A console made after the monitors were scripted (initialise reads them).
     void MakeConsole(const QList<QRect>& monitors, const QList<QColor>& colors);
-    void LoadService();
-    void ShowConsole();
-    void Do(const QString& strStep);
+    // The service of two items and two props that the mirror's tests run.
+    bool LoadMorning();
+    // One step of the tables below; false for a step it does not know.
+    bool Do(const QString& strStep);
 
-    std::unique_ptr<TestDatabase> db;
-    std::unique_ptr<GrabWatchingPlatform> platform;
-    std::unique_ptr<ctlRun> console;
     qint32 song = 0;
     qint32 prayer = 0;
     qint32 propSong = 0;
 };
 
 void tst_ctlRun_Mirror::init() {
-    db = std::make_unique<TestDatabase>();
-    QVERIFY2(db->IsValid(), qPrintable(db->LastError()));
-    platform = std::make_unique<GrabWatchingPlatform>();
-    song = db->AddSong(QStringLiteral("Be Thou My Vision"),
-                       {{QStringLiteral("Verse 1"), QStringLiteral("Be thou my vision")},
-                        {QStringLiteral("Verse 2"), QStringLiteral("Be thou my wisdom")}});
-    prayer = db->AddServiceItem(TestDatabase::Prayer, QStringLiteral("Collect for Purity"));
+    QVERIFY2(StartConsole(false), qPrintable(StartError()));
+    song = AddBeThouMyVision();
+    prayer = AddCollectForPurity();
     propSong = db->AddSong(QStringLiteral("Amazing Grace"),
                            {{QStringLiteral("Verse 1"), QStringLiteral("Amazing grace")},
                             {QStringLiteral("Verse 2"), QStringLiteral("Through many dangers")}});
@@ -140,9 +130,7 @@ void tst_ctlRun_Mirror::init() {
 }
 
 void tst_ctlRun_Mirror::cleanup() {
-    console.reset();
-    platform.reset();
-    db.reset();
+    StopConsole();
 }
 
 void tst_ctlRun_Mirror::MakeConsole(const QList<QRect>& monitors, const QList<QColor>& colors) {
@@ -151,18 +139,8 @@ void tst_ctlRun_Mirror::MakeConsole(const QList<QRect>& monitors, const QList<QC
     console = std::make_unique<ctlRun>();
 }
 
-void tst_ctlRun_Mirror::LoadService() {
-    const qint32 service = db->AddService(QStringLiteral("Morning"), {{song}, {prayer}});
-    QVERIFY(db->AddServicePropBag(service, {propSong, prayer}));
-    console->setRunningService(service);
-}
-
-void tst_ctlRun_Mirror::ShowConsole() {
-    console->resize(900, 700);
-    console->show();
-    QVERIFY(QTest::qWaitForWindowExposed(console.get()));
-    console->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(console.get()));
+bool tst_ctlRun_Mirror::LoadMorning() {
+    return LoadService({{song}, {prayer}}, {propSong, prayer});
 }
 
 // ---------------------------------------------------------------- where
@@ -279,7 +257,7 @@ void tst_ctlRun_Mirror::refreshTracesWithItsStrayApostrophe() {
 
 // ---------------------------------------------------------------- who
 
-void tst_ctlRun_Mirror::Do(const QString& strStep) {
+bool tst_ctlRun_Mirror::Do(const QString& strStep) {
     if (strStep == QLatin1String("cmdForward_Click"))
         console->cmdForward->click();
     else if (strStep == QLatin1String("cmdBack_Click"))
@@ -326,13 +304,14 @@ void tst_ctlRun_Mirror::Do(const QString& strStep) {
     else if (strStep == QLatin1String("RunningServiceServiceItem"))
         console->setRunningServiceServiceItem(2);
     else if (strStep == QLatin1String("RunningService"))
-        LoadService();
+        return LoadMorning();
     else if (strStep == QLatin1String("JustIncreasedSize"))
         console->JustIncreasedSize();
     else if (strStep == QLatin1String("JustDecreasedSize"))
         console->JustDecreasedSize();
     else
-        QFAIL(qPrintable(QStringLiteral("unknown step ") + strStep));
+        return false;
+    return true;
 }
 
 void tst_ctlRun_Mirror::callersOfTheTableRefreshTheMirrorOnce_data() {
@@ -348,10 +327,10 @@ void tst_ctlRun_Mirror::callersOfTheTableRefreshTheMirrorOnce_data() {
 void tst_ctlRun_Mirror::callersOfTheTableRefreshTheMirrorOnce() {
     QFETCH(QString, step);
     MakeConsole({MonitorA, MonitorB}, {Qt::blue, Qt::red});
-    LoadService();
+    QVERIFY(LoadMorning());
     platform->ClearRecords();
 
-    Do(step);
+    QVERIFY2(Do(step), qPrintable(QStringLiteral("unknown step ") + step));
 
     QCOMPARE(platform->Grabs(), QList<QRect>({GrabOfB}));
     QCOMPARE(console->imgMirror->pixmap().size(), QSize(1920, 1080));
@@ -370,12 +349,12 @@ void tst_ctlRun_Mirror::othersLeaveTheMirrorAlone_data() {
 void tst_ctlRun_Mirror::othersLeaveTheMirrorAlone() {
     QFETCH(QString, step);
     MakeConsole({MonitorA, MonitorB}, {Qt::blue, Qt::red});
-    LoadService();
+    QVERIFY(LoadMorning());
     // A prop runs, so that its part list and the prop's end are there to use.
     console->ShowSIAsRunning(propSong, false);
     platform->ClearRecords();
 
-    Do(step);
+    QVERIFY2(Do(step), qPrintable(QStringLiteral("unknown step ") + step));
 
     QVERIFY(platform->Grabs().isEmpty());
     QVERIFY(console->imgMirror->pixmap().isNull());
@@ -383,7 +362,7 @@ void tst_ctlRun_Mirror::othersLeaveTheMirrorAlone() {
 
 void tst_ctlRun_Mirror::navigationRefreshesAfterTheEventWithTheButtonEnabledAgain() {
     MakeConsole({MonitorA, MonitorB}, {Qt::blue, Qt::red});
-    LoadService();
+    QVERIFY(LoadMorning());
     qint32 grabsAtEvent = -1;
     connect(console.get(), &ctlRun::ShowPreviousClicked, this,
             [&] { grabsAtEvent = static_cast<qint32>(platform->Grabs().size()); });
@@ -399,7 +378,7 @@ void tst_ctlRun_Mirror::navigationRefreshesAfterTheEventWithTheButtonEnabledAgai
 
 void tst_ctlRun_Mirror::endRefreshesAfterTheEvent() {
     MakeConsole({MonitorA, MonitorB}, {Qt::blue, Qt::red});
-    LoadService();
+    QVERIFY(LoadMorning());
     qint32 grabsAtEvent = -1;
     connect(console.get(), &ctlRun::EndRun, this,
             [&] { grabsAtEvent = static_cast<qint32>(platform->Grabs().size()); });
@@ -410,8 +389,8 @@ void tst_ctlRun_Mirror::endRefreshesAfterTheEvent() {
 
 void tst_ctlRun_Mirror::refreshGrabsBeforeFocusMovesToForward() {
     MakeConsole({MonitorA, MonitorB}, {Qt::blue, Qt::red});
-    LoadService();
-    ShowConsole();
+    QVERIFY(LoadMorning());
+    QVERIFY(ShowConsole(true));
     console->cmdBack->setFocus();
     QVERIFY(console->cmdBack->hasFocus());
     bool blnForwardHadFocus = true;
@@ -426,8 +405,8 @@ void tst_ctlRun_Mirror::refreshGrabsBeforeFocusMovesToForward() {
 
 void tst_ctlRun_Mirror::magnifyGrabsAfterFocusMovesWithoutPumping() {
     MakeConsole({MonitorA, MonitorB}, {Qt::blue, Qt::red});
-    LoadService();
-    ShowConsole();
+    QVERIFY(LoadMorning());
+    QVERIFY(ShowConsole(true));
     console->cmdBack->setFocus();
     const qint32 pumps = platform->DoEventsCount();
     bool blnForwardHadFocus = false;
@@ -446,8 +425,8 @@ void tst_ctlRun_Mirror::magnifyGrabsAfterFocusMovesWithoutPumping() {
 
 void tst_ctlRun_Mirror::makeSmallerPumpsAfterFocusMovesThenGrabs() {
     MakeConsole({MonitorA, MonitorB}, {Qt::blue, Qt::red});
-    LoadService();
-    ShowConsole();
+    QVERIFY(LoadMorning());
+    QVERIFY(ShowConsole(true));
     console->cmdBack->setFocus();
     qint32 pumpsAtEvent = -1;
     connect(console.get(), &ctlRun::DecreaseSize, this,
@@ -468,7 +447,7 @@ void tst_ctlRun_Mirror::makeSmallerPumpsAfterFocusMovesThenGrabs() {
 
 void tst_ctlRun_Mirror::treeClickGrabsWithTheClickedNodeAlreadyBold() {
     MakeConsole({MonitorA, MonitorB}, {Qt::blue, Qt::red});
-    LoadService();
+    QVERIFY(LoadMorning());
     QList<qint32> boldAtGrab;
     platform->AtGrab = [&] { boldAtGrab = BoldIndexes(console->tvwRun); };
     emit console->tvwRun->itemClicked(console->tvwRun->Nodes(3).Item(), 0);
@@ -477,7 +456,7 @@ void tst_ctlRun_Mirror::treeClickGrabsWithTheClickedNodeAlreadyBold() {
 
 void tst_ctlRun_Mirror::galleryPropGrabsWithThePropAlreadyShowing() {
     MakeConsole({MonitorA, MonitorB}, {Qt::blue, Qt::red});
-    LoadService();
+    QVERIFY(LoadMorning());
     QString strEndAtGrab;
     qint32 grabsAtEvent = -1;
     connect(console.get(), &ctlRun::ShowSI, this,
@@ -490,7 +469,7 @@ void tst_ctlRun_Mirror::galleryPropGrabsWithThePropAlreadyShowing() {
 
 void tst_ctlRun_Mirror::atEndAndProjectorCallsGrabLast() {
     MakeConsole({MonitorA, MonitorB}, {Qt::blue, Qt::red});
-    LoadService();
+    QVERIFY(LoadMorning());
     QString strToolTipAtGrab;
     bool blnCheckedAtGrab = false;
     platform->AtGrab = [&] {

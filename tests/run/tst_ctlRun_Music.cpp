@@ -1,12 +1,9 @@
 // The music of the run console: PlayMusic's four answers, the prompt, music
 // items and music links, moved files, and MediaPlayer2 as the operator sees
 // it. The sound is ScriptedPlatform's: silent, and every call recorded.
-#include "RunConsoleTest.h"
-#include "ScriptedPlatform.h"
-#include "TestDatabase.h"
+#include "RunConsoleFixture.h"
 
 #include "foundations/ErrorReport.h"
-#include "run/ctlRun.h"
 
 #include <QGroupBox>
 #include <QLabel>
@@ -14,7 +11,6 @@
 #include <QtTest>
 
 #include <functional>
-#include <memory>
 
 namespace {
 
@@ -50,7 +46,7 @@ QString FullErrorBoxText(qint32 lngNumber, const QString& strDescription) {
 
 } // namespace
 
-class tst_ctlRun_Music : public QObject {
+class tst_ctlRun_Music : public QObject, protected RunConsoleFixture<PromptPlatform> {
     Q_OBJECT
 
 private slots:
@@ -89,11 +85,10 @@ private:
     bool SetField(qint32 lngSIID, const QString& strField, const QVariant& varValue);
     bool SetAutoPlay(bool blnOn);
     QVariant Music(qint32 lngSIID) const;
-    static QStringList ErrorLines(const TraceTail& trace);
+    // The one box and error line that say a music file has moved, the music
+    // of lngSIID cleared, and nothing played.
+    bool ToldTheMusicMovedAndClearedIt(const TraceTail& trace, qint32 lngSIID);
 
-    std::unique_ptr<TestDatabase> db;
-    std::unique_ptr<PromptPlatform> platform;
-    std::unique_ptr<ctlRun> console;
     qint32 reading = 0;
     qint32 prelude = 0;
     QString organFile;
@@ -101,10 +96,7 @@ private:
 };
 
 void tst_ctlRun_Music::init() {
-    db = std::make_unique<TestDatabase>();
-    QVERIFY2(db->IsValid(), qPrintable(db->LastError()));
-    platform = std::make_unique<PromptPlatform>();
-    console = std::make_unique<ctlRun>();
+    QVERIFY2(StartConsole(), qPrintable(StartError()));
     reading = db->AddServiceItem(TestDatabase::Reading, QStringLiteral("Psalm 23"));
     prelude = db->AddServiceItem(TestDatabase::Music, QStringLiteral("Prelude"));
     organFile = db->WriteContentFile(QStringLiteral("organ.wav"));
@@ -115,9 +107,7 @@ void tst_ctlRun_Music::init() {
 }
 
 void tst_ctlRun_Music::cleanup() {
-    console.reset();
-    platform.reset();
-    db.reset();
+    StopConsole();
 }
 
 bool tst_ctlRun_Music::SetField(qint32 lngSIID, const QString& strField, const QVariant& varValue) {
@@ -136,9 +126,16 @@ QVariant tst_ctlRun_Music::Music(qint32 lngSIID) const {
         {lngSIID});
 }
 
-// The error lines of the console; the data library writes lines of its own.
-QStringList tst_ctlRun_Music::ErrorLines(const TraceTail& trace) {
-    return trace.Lines().filter(QRegularExpression(QStringLiteral("^ERROR: (?!QVLTDBFUNCTIONS:)")));
+bool tst_ctlRun_Music::ToldTheMusicMovedAndClearedIt(const TraceTail& trace, qint32 lngSIID) {
+    return Holds([&] {
+        QCOMPARE(platform->BoxCount(), 1);
+        QCOMPARE(platform->LastBox().Prompt, MovedPrompt);
+        QCOMPARE(platform->LastBox().Buttons, vbOKOnly);
+        QCOMPARE(platform->LastBox().Title, QStringLiteral("File not found"));
+        QCOMPARE(trace.ConsoleErrorLines(), QStringList({MovedLine}));
+        QVERIFY(Music(lngSIID).isNull());
+        QVERIFY(platform->SoundCalls().isEmpty());
+    });
 }
 
 // ---------------------------------------------------------------- PlayMusic
@@ -151,7 +148,7 @@ void tst_ctlRun_Music::itemThatIsNotThereAnswersTwoWithItsTexts() {
 
     QCOMPARE(strErrorMessage, QStringLiteral("QVLTCONTROLS:ctlRun:PlayMusic Service item 9999 "
                                              "not found"));
-    QCOMPARE(ErrorLines(trace),
+    QCOMPARE(trace.ConsoleErrorLines(),
              QStringList({QStringLiteral(
                  "ERROR: QVLTCONTROLS:ctlRun:PlayMusic: Service item 9999 not found")}));
     QCOMPARE(trace.ConsoleLines().first(),
@@ -197,7 +194,7 @@ void tst_ctlRun_Music::musicItemLoadsItsFileShowsThePlayerAndAnswersZero() {
     QVERIFY(!console->MediaPlayer2->isHidden());
     QCOMPARE(console->MediaPlayer2->lblFileName->text(), QStringLiteral("prelude.mp3"));
     QCOMPARE(platform->SoundCalls(), QStringList({QStringLiteral("Load ") + preludeFile}));
-    QVERIFY(ErrorLines(trace).isEmpty());
+    QVERIFY(trace.ConsoleErrorLines().isEmpty());
     QCOMPARE(
         trace.ConsoleLines(),
         QStringList({RunLine(QStringLiteral("PlayMusic"),
@@ -214,7 +211,7 @@ void tst_ctlRun_Music::musicItemWithoutAFileAnswersThreeWithoutABox() {
     QCOMPARE(console->PlayMusic(prelude, strErrorMessage), qint16(3));
 
     QVERIFY(strErrorMessage.isEmpty());
-    QCOMPARE(ErrorLines(trace), QStringList({MovedLine}));
+    QCOMPARE(trace.ConsoleErrorLines(), QStringList({MovedLine}));
     QCOMPARE(platform->BoxCount(), 0);
     QVERIFY(platform->SoundCalls().isEmpty());
     QCOMPARE(Music(prelude).toString(), organFile);
@@ -230,13 +227,7 @@ void tst_ctlRun_Music::musicItemWhoseFileMovedTellsTheUserClearsItsMusicAndAnswe
     QCOMPARE(console->PlayMusic(prelude, strErrorMessage), qint16(0));
 
     QVERIFY(strErrorMessage.isEmpty());
-    QCOMPARE(platform->BoxCount(), 1);
-    QCOMPARE(platform->LastBox().Prompt, MovedPrompt);
-    QCOMPARE(platform->LastBox().Buttons, vbOKOnly);
-    QCOMPARE(platform->LastBox().Title, QStringLiteral("File not found"));
-    QCOMPARE(ErrorLines(trace), QStringList({MovedLine}));
-    QVERIFY(Music(prelude).isNull());
-    QVERIFY(platform->SoundCalls().isEmpty());
+    QVERIFY(ToldTheMusicMovedAndClearedIt(trace, prelude));
     QVERIFY(console->MediaPlayer2->isHidden());
 }
 
@@ -254,7 +245,7 @@ void tst_ctlRun_Music::musicItemWhoseFileCannotBeLookedUpAnswersTwo() {
 
     QVERIFY(strErrorMessage.startsWith(QStringLiteral("QVLTDBFUNCTIONS:DataAccess:")));
     QCOMPARE(
-        ErrorLines(trace),
+        trace.ConsoleErrorLines(),
         QStringList({QStringLiteral("ERROR: QVLTCONTROLS:ctlRun:PlayMusic: ") + strErrorMessage}));
     QCOMPARE(platform->BoxCount(), 1);
     QVERIFY(platform->SoundCalls().isEmpty());
@@ -281,13 +272,7 @@ void tst_ctlRun_Music::linkToAMovedFileTellsTheUserClearsTheLinkAndAnswersThree(
     QCOMPARE(console->PlayMusic(reading, strErrorMessage), qint16(3));
 
     QVERIFY(strErrorMessage.isEmpty());
-    QCOMPARE(platform->BoxCount(), 1);
-    QCOMPARE(platform->LastBox().Prompt, MovedPrompt);
-    QCOMPARE(platform->LastBox().Buttons, vbOKOnly);
-    QCOMPARE(platform->LastBox().Title, QStringLiteral("File not found"));
-    QCOMPARE(ErrorLines(trace), QStringList({MovedLine}));
-    QVERIFY(Music(reading).isNull());
-    QVERIFY(platform->SoundCalls().isEmpty());
+    QVERIFY(ToldTheMusicMovedAndClearedIt(trace, reading));
 }
 
 void tst_ctlRun_Music::movedLinkIsNotAskedAboutOnTheNextRun() {
@@ -341,7 +326,7 @@ void tst_ctlRun_Music::linkNamingAnItemThatIsNotThereAnswersOneWithoutText() {
     QCOMPARE(console->PlayMusic(reading, strErrorMessage), qint16(1));
 
     QVERIFY(strErrorMessage.isEmpty());
-    QCOMPARE(ErrorLines(trace),
+    QCOMPARE(trace.ConsoleErrorLines(),
              QStringList({QStringLiteral(
                  "ERROR: QVLTCONTROLS:ctlRun:PlayMusic: Service item 9999 not found")}));
     QCOMPARE(Music(reading).toString(), QStringLiteral("9999"));

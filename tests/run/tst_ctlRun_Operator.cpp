@@ -1,15 +1,12 @@
 // The operator's actions on the run console and the host's answers to them;
 // the frame of the console (widgets, initialise, resize, hollow members).
-#include "RunConsoleTest.h"
+#include "RunConsoleFixture.h"
 #include "RunTestHost.h"
-#include "ScriptedPlatform.h"
-#include "TestDatabase.h"
 
 #include "foundations/SSRibbon.h"
 #include "foundations/SSTab.h"
 #include "foundations/VBError.h"
 #include "galleries/ctlServiceItemGallery.h"
-#include "run/ctlRun.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
@@ -19,9 +16,7 @@
 #include <QSignalSpy>
 #include <QtTest>
 
-#include <memory>
-
-class tst_ctlRun_Operator : public QObject {
+class tst_ctlRun_Operator : public QObject, protected RunConsoleFixture<> {
     Q_OBJECT
 
 private slots:
@@ -71,62 +66,31 @@ private slots:
     void resizeBelowTheScrollAreaUsesTheScrollAreaHeight();
 
 private:
-    qint32 AddSong();
-    qint32 AddPrayer();
-    void LoadService();
-    void ShowConsole();
+    // The song, the prayer and a Blank row; false when it could not be made.
+    bool LoadMorning();
 
-    std::unique_ptr<TestDatabase> db;
-    std::unique_ptr<ScriptedPlatform> platform;
-    std::unique_ptr<ctlRun> console;
     qint32 song = 0;
     qint32 prayer = 0;
 };
 
 void tst_ctlRun_Operator::init() {
-    db = std::make_unique<TestDatabase>();
-    QVERIFY2(db->IsValid(), qPrintable(db->LastError()));
-    platform = std::make_unique<ScriptedPlatform>();
-    console = std::make_unique<ctlRun>();
-    song = AddSong();
-    prayer = AddPrayer();
+    QVERIFY2(StartConsole(), qPrintable(StartError()));
+    song = AddBeThouMyVision();
+    prayer = AddCollectForPurity();
 }
 
 void tst_ctlRun_Operator::cleanup() {
-    console.reset();
-    platform.reset();
-    db.reset();
+    StopConsole();
 }
 
-qint32 tst_ctlRun_Operator::AddSong() {
-    return db->AddSong(QStringLiteral("Be Thou My Vision"),
-                       {{QStringLiteral("Verse 1"), QStringLiteral("Be thou my vision")},
-                        {QStringLiteral("Verse 2"), QStringLiteral("Be thou my wisdom")}});
-}
-
-qint32 tst_ctlRun_Operator::AddPrayer() {
-    return db->AddServiceItem(TestDatabase::Prayer, QStringLiteral("Collect for Purity"));
-}
-
-void tst_ctlRun_Operator::LoadService() {
-    const qint32 service =
-        db->AddService(QStringLiteral("Morning"), {{song}, {prayer}, TestDatabase::Blank()});
-    QVERIFY(service > 0);
-    console->setRunningService(service);
-}
-
-void tst_ctlRun_Operator::ShowConsole() {
-    console->resize(900, 700);
-    console->show();
-    QVERIFY(QTest::qWaitForWindowExposed(console.get()));
-    console->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(console.get()));
+bool tst_ctlRun_Operator::LoadMorning() {
+    return LoadService({{song}, {prayer}, TestDatabase::Blank()});
 }
 
 // ---------------------------------------------------------------- navigation
 
 void tst_ctlRun_Operator::forwardDisablesPumpsRaisesEnablesPumpsAndRefreshes() {
-    LoadService();
+    QVERIFY(LoadMorning());
     const qint32 pumpsBefore = platform->DoEventsCount();
     bool blnEnabledDuringEvent = true;
     qint32 pumpsDuringEvent = -1;
@@ -150,7 +114,7 @@ void tst_ctlRun_Operator::forwardDisablesPumpsRaisesEnablesPumpsAndRefreshes() {
 }
 
 void tst_ctlRun_Operator::backDoesTheSameWithShowPreviousClicked() {
-    LoadService();
+    QVERIFY(LoadMorning());
     QSignalSpy next(console.get(), &ctlRun::ShowNextClicked);
     const qint32 pumpsBefore = platform->DoEventsCount();
     bool blnEnabledDuringEvent = true;
@@ -173,7 +137,7 @@ void tst_ctlRun_Operator::backDoesTheSameWithShowPreviousClicked() {
 }
 
 void tst_ctlRun_Operator::forwardCannotArriveTwiceWhileTheHostWorksButBackStaysLive() {
-    LoadService();
+    QVERIFY(LoadMorning());
     QSignalSpy next(console.get(), &ctlRun::ShowNextClicked);
     QSignalSpy previous(console.get(), &ctlRun::ShowPreviousClicked);
     bool blnBackEnabled = false;
@@ -191,7 +155,7 @@ void tst_ctlRun_Operator::forwardCannotArriveTwiceWhileTheHostWorksButBackStaysL
 }
 
 void tst_ctlRun_Operator::forwardIsEnabledAgainWhenTheHostFails() {
-    LoadService();
+    QVERIFY(LoadMorning());
     connect(console.get(), &ctlRun::ShowNextClicked, this,
             [] { throw VBError(VBErr::TypeMismatch); });
     platform->QueueAnswer(vbOK);
@@ -205,7 +169,7 @@ void tst_ctlRun_Operator::forwardIsEnabledAgainWhenTheHostFails() {
 }
 
 void tst_ctlRun_Operator::endRaisesEndRunAndRefreshesTheMirror() {
-    LoadService();
+    QVERIFY(LoadMorning());
     QSignalSpy end(console.get(), &ctlRun::EndRun);
     TraceTail trace;
     console->cmdEnd->click();
@@ -214,8 +178,8 @@ void tst_ctlRun_Operator::endRaisesEndRunAndRefreshesTheMirror() {
 }
 
 void tst_ctlRun_Operator::refreshRefreshesTheMirrorAndFocusesForward() {
-    LoadService();
-    ShowConsole();
+    QVERIFY(LoadMorning());
+    QVERIFY(ShowConsole(true));
     console->cmdBack->setFocus();
     QVERIFY(console->cmdBack->hasFocus());
     TraceTail trace;
@@ -226,8 +190,8 @@ void tst_ctlRun_Operator::refreshRefreshesTheMirrorAndFocusesForward() {
 }
 
 void tst_ctlRun_Operator::clickOnTheRootRaisesShowServiceSIZeroAndTheRootIsBold() {
-    LoadService();
-    ShowConsole();
+    QVERIFY(LoadMorning());
+    QVERIFY(ShowConsole(true));
     QSignalSpy jump(console.get(), &ctlRun::ShowServiceSI);
     TraceTail trace;
     QTreeWidgetItem* root = console->tvwRun->Nodes(1).Item();
@@ -246,7 +210,7 @@ void tst_ctlRun_Operator::clickOnANodeRaisesItsIndexMinusOneAndBoldsIt() {
     RunTestHost host(console.get());
     QVERIFY(host.LoadService(
         db->AddService(QStringLiteral("Morning"), {{song}, {prayer}, TestDatabase::Blank()})));
-    ShowConsole();
+    QVERIFY(ShowConsole(true));
     QSignalSpy jump(console.get(), &ctlRun::ShowServiceSI);
     QTreeWidgetItem* node = console->tvwRun->Nodes(3).Item();
 
@@ -263,7 +227,7 @@ void tst_ctlRun_Operator::clickOnANodeRaisesItsIndexMinusOneAndBoldsIt() {
 // ---------------------------------------------------------------- projector and size
 
 void tst_ctlRun_Operator::projectorCheckBoxRaisesTurnOnAndTurnOff() {
-    LoadService();
+    QVERIFY(LoadMorning());
     QSignalSpy on(console.get(), &ctlRun::TurnOnProjector);
     QSignalSpy off(console.get(), &ctlRun::TurnOffProjector);
     console->chkProjectorOn->click();
@@ -275,7 +239,7 @@ void tst_ctlRun_Operator::projectorCheckBoxRaisesTurnOnAndTurnOff() {
 }
 
 void tst_ctlRun_Operator::projectorTurnedOnSetsTheBoxAndRaisesTurnOnOnceMore() {
-    LoadService();
+    QVERIFY(LoadMorning());
     QSignalSpy on(console.get(), &ctlRun::TurnOnProjector);
     QSignalSpy off(console.get(), &ctlRun::TurnOffProjector);
     TraceTail trace;
@@ -312,8 +276,8 @@ void tst_ctlRun_Operator::showPropertiesRibbonSpringsBackAndRaisesOnce() {
 }
 
 void tst_ctlRun_Operator::magnifyRaisesIncreaseSizeFocusesForwardAndRefreshes() {
-    LoadService();
-    ShowConsole();
+    QVERIFY(LoadMorning());
+    QVERIFY(ShowConsole(true));
     RunTestHost host(console.get());
     const qint32 pumpsBefore = platform->DoEventsCount();
     TraceTail trace;
@@ -333,8 +297,8 @@ void tst_ctlRun_Operator::magnifyRaisesIncreaseSizeFocusesForwardAndRefreshes() 
 }
 
 void tst_ctlRun_Operator::makeSmallerRaisesDecreaseSizeAndPumpsBeforeTheRefresh() {
-    LoadService();
-    ShowConsole();
+    QVERIFY(LoadMorning());
+    QVERIFY(ShowConsole(true));
     RunTestHost host(console.get());
     const qint32 pumpsBefore = platform->DoEventsCount();
     qint32 pumpsAtEvent = -1;
@@ -372,7 +336,7 @@ void tst_ctlRun_Operator::ribbonWrittenFalseDoesNothing() {
 }
 
 void tst_ctlRun_Operator::keys187And189ActLikeTheSizeButtonsAlsoWithShift() {
-    LoadService();
+    QVERIFY(LoadMorning());
     RunTestHost host(console.get());
     TraceTail trace;
 
@@ -401,8 +365,8 @@ void tst_ctlRun_Operator::keys187And189ActLikeTheSizeButtonsAlsoWithShift() {
 }
 
 void tst_ctlRun_Operator::keyReleasedOnAChildReachesTheConsole() {
-    LoadService();
-    ShowConsole();
+    QVERIFY(LoadMorning());
+    QVERIFY(ShowConsole(true));
     console->cmdForward->setFocus();
     QSignalSpy bigger(console.get(), &ctlRun::IncreaseSize);
     QSignalSpy smaller(console.get(), &ctlRun::DecreaseSize);
@@ -413,7 +377,7 @@ void tst_ctlRun_Operator::keyReleasedOnAChildReachesTheConsole() {
 }
 
 void tst_ctlRun_Operator::otherKeysDoNothing() {
-    LoadService();
+    QVERIFY(LoadMorning());
     RunTestHost host(console.get());
     QTest::keyRelease(console.get(), Qt::Key_A);
     QTest::keyRelease(console.get(), Qt::Key_Plus, Qt::KeypadModifier);
@@ -423,7 +387,7 @@ void tst_ctlRun_Operator::otherKeysDoNothing() {
 }
 
 void tst_ctlRun_Operator::justIncreasedAndDecreasedSizeOnlyTrace() {
-    LoadService();
+    QVERIFY(LoadMorning());
     const QString type = console->lblSIType->text();
     TraceTail trace;
     console->JustIncreasedSize();
@@ -436,7 +400,7 @@ void tst_ctlRun_Operator::justIncreasedAndDecreasedSizeOnlyTrace() {
 // ---------------------------------------------------------------- end of item, unload
 
 void tst_ctlRun_Operator::atEndOfSISetsTheFinishToolTipAndRefreshesTheMirror() {
-    LoadService();
+    QVERIFY(LoadMorning());
     TraceTail trace;
     console->AtEndOfSI();
     QCOMPARE(console->cmdForward->toolTip(), QStringLiteral("&Finish this Service Item"));
@@ -445,7 +409,7 @@ void tst_ctlRun_Operator::atEndOfSISetsTheFinishToolTipAndRefreshesTheMirror() {
 }
 
 void tst_ctlRun_Operator::canUnloadAnsweredNoLeavesTheRunUntouchedAndRaisesNothing() {
-    LoadService();
+    QVERIFY(LoadMorning());
     console->SIPartChanged(2, 2);
     QSignalSpy end(console.get(), &ctlRun::EndRun);
     platform->QueueAnswer(vbNo);
@@ -463,7 +427,7 @@ void tst_ctlRun_Operator::canUnloadAnsweredNoLeavesTheRunUntouchedAndRaisesNothi
 }
 
 void tst_ctlRun_Operator::canUnloadAnsweredYesRaisesEndRunOnce() {
-    LoadService();
+    QVERIFY(LoadMorning());
     RunTestHost host(console.get());
     platform->QueueAnswer(vbYes);
     QVERIFY(console->CanUnload());
@@ -472,7 +436,7 @@ void tst_ctlRun_Operator::canUnloadAnsweredYesRaisesEndRunOnce() {
 }
 
 void tst_ctlRun_Operator::canUnloadDuringAPropRaisesEndRunTwice() {
-    LoadService();
+    QVERIFY(LoadMorning());
     RunTestHost host(console.get());
     console->lvwProps
         ->AddItem(QString(), QStringLiteral("Collect for Purity"), QVariant(),
@@ -493,7 +457,7 @@ void tst_ctlRun_Operator::canUnloadDuringAPropRaisesEndRunTwice() {
 }
 
 void tst_ctlRun_Operator::propRunEndedRestoresCaptionsAndKeepsThePropType() {
-    LoadService();
+    QVERIFY(LoadMorning());
     console->ShowSIAsRunning(prayer, false);
     const qint32 pumpsBefore = platform->DoEventsCount();
     TraceTail trace;
@@ -560,7 +524,7 @@ void tst_ctlRun_Operator::widgetsCarryTheirNamesAndCaptions() {
 }
 
 void tst_ctlRun_Operator::hollowMembersKeepNoState() {
-    LoadService();
+    QVERIFY(LoadMorning());
     QCOMPARE(console->ServiceSI(), qint16(0));
     console->setRunningServiceItem(song);
     QCOMPARE(console->RunningServiceItem(), 0);
@@ -631,7 +595,7 @@ void tst_ctlRun_Operator::secondMonitorBelowTheTopIsGrabbedFromTheTop() {
 
 void tst_ctlRun_Operator::showingTheConsoleLoadsTheGallery() {
     TraceTail trace;
-    ShowConsole();
+    QVERIFY(ShowConsole(true));
     QCOMPARE(trace.ConsoleLines().filter(QStringLiteral(":UserControl_Show @")),
              QStringList({RunLine(QStringLiteral("UserControl_Show"))}));
     QTRY_VERIFY(console->ctlServiceItemGallery1->tvwServiceItems->topLevelItemCount() > 0);
@@ -641,7 +605,7 @@ void tst_ctlRun_Operator::showingTheConsoleLoadsTheGallery() {
 }
 
 void tst_ctlRun_Operator::resizeWiderThanTheScrollAreaWidensCaptionAndTab() {
-    ShowConsole();
+    QVERIFY(ShowConsole(true));
     console->resize(Twips::ToPixels(12000), Twips::ToPixels(9000));
     QTRY_COMPARE(console->SSScroll1->geometry(), console->rect());
     QCOMPARE(console->fraMainCaption->width(), console->SSScroll1->width());
@@ -659,7 +623,7 @@ void tst_ctlRun_Operator::resizeWiderThanTheScrollAreaWidensCaptionAndTab() {
 }
 
 void tst_ctlRun_Operator::resizeKeepsTheFramesAndListsAboveTheBottom() {
-    ShowConsole();
+    QVERIFY(ShowConsole(true));
     console->resize(Twips::ToPixels(12000), Twips::ToPixels(10500));
     QTRY_COMPARE(console->SSScroll1->geometry(), console->rect());
     auto gap = [](QWidget* w, QWidget* container) {
@@ -674,7 +638,7 @@ void tst_ctlRun_Operator::resizeKeepsTheFramesAndListsAboveTheBottom() {
 }
 
 void tst_ctlRun_Operator::resizeBelowTheScrollAreaUsesTheScrollAreaHeight() {
-    ShowConsole();
+    QVERIFY(ShowConsole(true));
     console->resize(Twips::ToPixels(12000), Twips::ToPixels(4500));
     QTRY_COMPARE(console->SSScroll1->geometry(), console->rect());
     QVERIFY(WithinAPixel(TwipsOf(console->SSTab1->height()),

@@ -1,13 +1,10 @@
 // The prop bag of the run console: filling lvwProps from the service, putting
 // a prop up from the bag or from the gallery, and ending it.
-#include "RunConsoleTest.h"
+#include "RunConsoleFixture.h"
 #include "RunTestHost.h"
-#include "ScriptedPlatform.h"
-#include "TestDatabase.h"
 
 #include "foundations/SSTab.h"
 #include "galleries/ctlServiceItemGallery.h"
-#include "run/ctlRun.h"
 
 #include <QGroupBox>
 #include <QLabel>
@@ -15,9 +12,7 @@
 #include <QSignalSpy>
 #include <QtTest>
 
-#include <memory>
-
-class tst_ctlRun_PropBag : public QObject {
+class tst_ctlRun_PropBag : public QObject, protected RunConsoleFixture<> {
     Q_OBJECT
 
 private slots:
@@ -46,20 +41,10 @@ private slots:
     void propIsPutUpAndEndedInTheMiddleOfARun();
 
 private:
-    void ShowConsole();
     // A double click of the mouse on a row, as the operator gives it: a click,
     // then the second press that makes it a double click.
     static void DoubleClick(QTreeWidget* view, QTreeWidgetItem* row);
     qint32 AddHymn();
-    // Deletes a service item and leaves the prop bag rows that name it, as a
-    // database of an older version did.
-    bool DeleteItemKeepingItsProps(qint32 lngSIID);
-    // Lines of the error log since trace was marked.
-    static QStringList ErrorLines(const TraceTail& trace);
-
-    std::unique_ptr<TestDatabase> db;
-    std::unique_ptr<ScriptedPlatform> platform;
-    std::unique_ptr<ctlRun> console;
     qint32 hymn = 0;
     qint32 psalm = 0;
     qint32 collect = 0;
@@ -67,27 +52,16 @@ private:
 };
 
 void tst_ctlRun_PropBag::init() {
-    db = std::make_unique<TestDatabase>();
-    QVERIFY2(db->IsValid(), qPrintable(db->LastError()));
-    platform = std::make_unique<ScriptedPlatform>();
-    console = std::make_unique<ctlRun>();
+    QVERIFY2(StartConsole(), qPrintable(StartError()));
     hymn = AddHymn();
     psalm = db->AddServiceItem(TestDatabase::Reading, QStringLiteral("Psalm 23"));
-    collect = db->AddServiceItem(TestDatabase::Prayer, QStringLiteral("Collect for Purity"));
+    collect = AddCollectForPurity();
     cross = db->AddServiceItem(TestDatabase::Picture, QStringLiteral("Cross"));
     QVERIFY(hymn && psalm && collect && cross);
 }
 
 void tst_ctlRun_PropBag::cleanup() {
-    console.reset();
-    platform.reset();
-    db.reset();
-}
-
-void tst_ctlRun_PropBag::ShowConsole() {
-    console->resize(900, 700);
-    console->show();
-    QVERIFY(QTest::qWaitForWindowExposed(console.get()));
+    StopConsole();
 }
 
 void tst_ctlRun_PropBag::DoubleClick(QTreeWidget* view, QTreeWidgetItem* row) {
@@ -101,18 +75,6 @@ qint32 tst_ctlRun_PropBag::AddHymn() {
                        {{QStringLiteral("Verse 1"), QStringLiteral("Be thou my vision")},
                         {QStringLiteral("Verse 2"), QStringLiteral("Be thou my wisdom")},
                         {QStringLiteral("Verse 3"), QStringLiteral("High King of heaven")}});
-}
-
-bool tst_ctlRun_PropBag::DeleteItemKeepingItsProps(qint32 lngSIID) {
-    return db->Exec(QStringLiteral("PRAGMA foreign_keys = OFF")) &&
-           db->Exec(QStringLiteral("DELETE FROM ServiceItems WHERE ServiceItemID = ?"),
-                    {lngSIID}) &&
-           db->Exec(QStringLiteral("PRAGMA foreign_keys = ON"));
-}
-
-// The error lines of the console; the data library writes lines of its own.
-QStringList tst_ctlRun_PropBag::ErrorLines(const TraceTail& trace) {
-    return trace.Lines().filter(QRegularExpression(QStringLiteral("^ERROR: (?!QVLTDBFUNCTIONS:)")));
 }
 
 // ---------------------------------------------------------------- filling
@@ -141,7 +103,7 @@ void tst_ctlRun_PropBag::propRowsShowDescriptionTypePictureAndIdInTheirOrder() {
 void tst_ctlRun_PropBag::propRowWhoseItemWasDeletedShowsNoRowAndNoMessage() {
     const qint32 service = db->AddService(QStringLiteral("Morning"), {{collect}});
     QVERIFY(db->AddServicePropBag(service, {psalm, cross, hymn}));
-    QVERIFY(DeleteItemKeepingItsProps(cross));
+    QVERIFY(DeleteItemKeepingItsRows(cross));
     QCOMPARE(
         db->Count(QStringLiteral("ServicePropBag"), QStringLiteral("ServiceID = ?"), {service}), 3);
     TraceTail trace;
@@ -152,7 +114,7 @@ void tst_ctlRun_PropBag::propRowWhoseItemWasDeletedShowsNoRowAndNoMessage() {
     QCOMPARE(console->lvwProps->ListItems(1).Tag().toInt(), psalm);
     QCOMPARE(console->lvwProps->ListItems(2).Tag().toInt(), hymn);
     QCOMPARE(platform->BoxCount(), 0);
-    QVERIFY(ErrorLines(trace).isEmpty());
+    QVERIFY(trace.ConsoleErrorLines().isEmpty());
 }
 
 void tst_ctlRun_PropBag::emptyPropBagLeavesThePropListEmptyAndTheRunGoesOn() {
@@ -165,7 +127,7 @@ void tst_ctlRun_PropBag::emptyPropBagLeavesThePropListEmptyAndTheRunGoesOn() {
     QCOMPARE(console->lblSIDescription->text(), QStringLiteral("Collect for Purity"));
     QCOMPARE(console->lvwProps->columnWidth(0),
              Twips::ToPixels(TwipsOf(console->lvwProps->width()) - 60));
-    QVERIFY(ErrorLines(trace).isEmpty());
+    QVERIFY(trace.ConsoleErrorLines().isEmpty());
     QSignalSpy next(console.get(), &ctlRun::ShowNextClicked);
     console->cmdForward->click();
     QCOMPARE(next.count(), 1);
@@ -211,7 +173,7 @@ void tst_ctlRun_PropBag::propBagThatCannotBeReadLeavesTheListAndWritesTheRunning
     QCOMPARE(console->lblSIDescription->text(), QStringLiteral("Be Thou My Vision"));
     QCOMPARE(console->lvwProps->topLevelItemCount(), 1);
     QCOMPARE(console->lvwProps->ListItems(1).Tag().toInt(), psalm);
-    const QStringList errors = ErrorLines(trace);
+    const QStringList errors = trace.ConsoleErrorLines();
     QCOMPARE(errors.size(), 1);
     QVERIFY2(errors.first().startsWith(QStringLiteral("ERROR: RunningService: ")) &&
                  errors.first().size() > QStringLiteral("ERROR: RunningService: ").size(),
@@ -231,7 +193,7 @@ void tst_ctlRun_PropBag::
     console->setRunningService(service);
 
     QCOMPARE(console->lvwProps->topLevelItemCount(), 0);
-    const QStringList errors = ErrorLines(trace);
+    const QStringList errors = trace.ConsoleErrorLines();
     QCOMPARE(errors.size(), 1);
     QVERIFY2(errors.first().startsWith(QStringLiteral("ERROR: RunningService: ")),
              qPrintable(errors.first()));
@@ -253,7 +215,7 @@ void tst_ctlRun_PropBag::propWhoseTypeCannotBeReadEndsTheFillWithTheLookUpsText(
     // The description's look-up fails as well: the row shows an empty text.
     QCOMPARE(console->lvwProps->ListItems(1).Text(), QString());
     QVERIFY(console->lvwProps->ListItems(1).Item()->icon(0).isNull());
-    const QStringList errors = ErrorLines(trace);
+    const QStringList errors = trace.ConsoleErrorLines();
     QCOMPARE(errors.size(), 2);
     const QString strPrefix = QStringLiteral("ERROR: QVLTCONTROLS:ctlRun:AddServicePropBagItems: ");
     QVERIFY2(errors.at(0).startsWith(
@@ -270,7 +232,7 @@ void tst_ctlRun_PropBag::doubleClickOnAPropRaisesShowSIBeforeTheConsoleShowsIt()
     const qint32 service = db->AddService(QStringLiteral("Morning"), {{collect}, {cross}});
     QVERIFY(db->AddServicePropBag(service, {psalm, hymn}));
     console->setRunningService(service);
-    ShowConsole();
+    QVERIFY(ShowConsole());
     QStringList seenAtEvent;
     connect(console.get(), &ctlRun::ShowSI, this, [&](qint32 lngSIID) {
         seenAtEvent << QString::number(lngSIID) << console->cmdEnd->text()
@@ -322,7 +284,7 @@ void tst_ctlRun_PropBag::doubleClickInThePropsWithNoSelectedRowDoesNothing() {
 void tst_ctlRun_PropBag::galleryDoubleClickRaisesShowSIBeforeTheConsoleShowsIt() {
     const qint32 service = db->AddService(QStringLiteral("Morning"), {{collect}, {cross}});
     console->setRunningService(service);
-    ShowConsole();
+    QVERIFY(ShowConsole());
     console->ssTabExtras->setCurrentIndex(1);
     ctlServiceItemGallery* gallery = console->ctlServiceItemGallery1;
     const QString key = QStringLiteral("Type;%1;;SI;%2").arg(TestDatabase::Reading).arg(psalm);
@@ -431,7 +393,7 @@ void tst_ctlRun_PropBag::propIsPutUpAndEndedInTheMiddleOfARun() {
     const qint32 service = db->AddService(QStringLiteral("Morning"), {{collect}, {song}, {cross}});
     QVERIFY(db->AddServicePropBag(service, {psalm, hymn}));
     QVERIFY2(host.LoadService(service), qPrintable(host.LastError()));
-    ShowConsole();
+    QVERIFY(ShowConsole());
     console->cmdForward->click(); // to the song
     console->cmdForward->click(); // its second verse
     QCOMPARE(host.CurrentItem(), qint16(2));

@@ -1,13 +1,10 @@
 // The song sequence of the run console: the part lists, the mark on the part
 // showing, and the jumps to a part.
-#include "RunConsoleTest.h"
+#include "RunConsoleFixture.h"
 #include "RunTestHost.h"
-#include "ScriptedPlatform.h"
-#include "TestDatabase.h"
 
 #include "DataAccess.h"
 #include "foundations/VBError.h"
-#include "run/ctlRun.h"
 
 #include <QGroupBox>
 #include <QHeaderView>
@@ -18,7 +15,6 @@
 #include <QtTest>
 
 #include <dlfcn.h>
-#include <memory>
 
 namespace {
 
@@ -70,7 +66,7 @@ private:
 
 } // namespace
 
-class tst_ctlRun_SongSequence : public QObject {
+class tst_ctlRun_SongSequence : public QObject, protected RunConsoleFixture<> {
     Q_OBJECT
 
 private slots:
@@ -97,23 +93,15 @@ private slots:
     void clickOnAPropPartRaisesShowPropVerseWithoutTheMirror();
 
 private:
-    void LoadService(const QList<TestDatabase::Row>& rows);
-    void ShowConsole();
     void ClickRow(VBTreeWidget* lvw, qint32 lngRow);
 
-    std::unique_ptr<TestDatabase> db;
-    std::unique_ptr<ScriptedPlatform> platform;
-    std::unique_ptr<ctlRun> console;
     qint32 song = 0;
     qint32 prayer = 0;
     QList<qint32> verses;
 };
 
 void tst_ctlRun_SongSequence::init() {
-    db = std::make_unique<TestDatabase>();
-    QVERIFY2(db->IsValid(), qPrintable(db->LastError()));
-    platform = std::make_unique<ScriptedPlatform>();
-    console = std::make_unique<ctlRun>();
+    QVERIFY2(StartConsole(), qPrintable(StartError()));
     song = db->AddSong(
         QStringLiteral("Amazing Grace"),
         {{QStringLiteral("Verse 1"),
@@ -124,25 +112,11 @@ void tst_ctlRun_SongSequence::init() {
         {0, 2, 1, 2});
     QVERIFY2(song > 0, qPrintable(db->LastError()));
     verses = db->VerseIds(song);
-    prayer = db->AddServiceItem(TestDatabase::Prayer, QStringLiteral("Collect for Purity"));
+    prayer = AddCollectForPurity();
 }
 
 void tst_ctlRun_SongSequence::cleanup() {
-    console.reset();
-    platform.reset();
-    db.reset();
-}
-
-void tst_ctlRun_SongSequence::LoadService(const QList<TestDatabase::Row>& rows) {
-    const qint32 service = db->AddService(QStringLiteral("Morning"), rows);
-    QVERIFY(service > 0);
-    console->setRunningService(service);
-}
-
-void tst_ctlRun_SongSequence::ShowConsole() {
-    console->resize(900, 700);
-    console->show();
-    QVERIFY(QTest::qWaitForWindowExposed(console.get()));
+    StopConsole();
 }
 
 void tst_ctlRun_SongSequence::ClickRow(VBTreeWidget* lvw, qint32 lngRow) {
@@ -155,7 +129,7 @@ void tst_ctlRun_SongSequence::ClickRow(VBTreeWidget* lvw, qint32 lngRow) {
 
 void tst_ctlRun_SongSequence::songWithAnEmptySequenceShowsOnlyTheHeadersAndTheListStillShows() {
     QVERIFY(db->Exec(QStringLiteral("DELETE FROM SongSequence WHERE ServiceItemID = ?"), {song}));
-    LoadService({{prayer}, {song}});
+    QVERIFY(LoadService({{prayer}, {song}}));
     console->ShowServiceSIAsRunning(2, 0, 0);
 
     QVERIFY(!console->lvwSIContent->isHidden());
@@ -167,7 +141,7 @@ void tst_ctlRun_SongSequence::songWithAnEmptySequenceShowsOnlyTheHeadersAndTheLi
 }
 
 void tst_ctlRun_SongSequence::columnsAreNameAndFirstLineWithTheirWidths() {
-    LoadService({{song}});
+    QVERIFY(LoadService({{song}}));
     const VBTreeWidget* lvw = console->lvwSIContent;
     QCOMPARE(lvw->columnCount(), 2);
     QVERIFY(!lvw->isHeaderHidden());
@@ -176,7 +150,7 @@ void tst_ctlRun_SongSequence::columnsAreNameAndFirstLineWithTheirWidths() {
 }
 
 void tst_ctlRun_SongSequence::propListTakesItsFirstLineWidthFromTheMainList() {
-    LoadService({{prayer}});
+    QVERIFY(LoadService({{prayer}}));
     QVERIFY(console->lvwPropSIContent->width() != console->lvwSIContent->width());
     console->ShowSIAsRunning(song, false);
     QCOMPARE(console->lvwPropSIContent->topLevelItemCount(), 4);
@@ -186,7 +160,7 @@ void tst_ctlRun_SongSequence::propListTakesItsFirstLineWidthFromTheMainList() {
 }
 
 void tst_ctlRun_SongSequence::rowsFollowTheSequenceWithFirstLinesAndTags() {
-    LoadService({{song}});
+    QVERIFY(LoadService({{song}}));
     const VBTreeWidget* lvw = console->lvwSIContent;
     QCOMPARE(lvw->topLevelItemCount(), 4);
     QStringList names, firstLines;
@@ -204,7 +178,7 @@ void tst_ctlRun_SongSequence::rowsFollowTheSequenceWithFirstLinesAndTags() {
 }
 
 void tst_ctlRun_SongSequence::chorusRowShowsTheChorusIcon() {
-    LoadService({{song}});
+    QVERIFY(LoadService({{song}}));
     const VBTreeWidget* lvw = console->lvwSIContent;
     QCOMPARE(lvw->ListItems(2).Image().toString(), QStringLiteral("imgChorus"));
     QCOMPARE(lvw->ListItems(1).Image().toString(), QStringLiteral("imgVerse"));
@@ -215,13 +189,13 @@ void tst_ctlRun_SongSequence::chorusRowShowsTheChorusIcon() {
 }
 
 void tst_ctlRun_SongSequence::firstRowIsBoldOnTheRowAndItsFirstSubItem() {
-    LoadService({{song}});
+    QVERIFY(LoadService({{song}}));
     QCOMPARE(BoldIndexes(console->lvwSIContent), QList<qint32>({1}));
     QCOMPARE(BoldSubItemRows(console->lvwSIContent), QList<qint32>({1}));
 }
 
 void tst_ctlRun_SongSequence::setupSongTracesItsArguments() {
-    LoadService({{prayer}, {song}});
+    QVERIFY(LoadService({{prayer}, {song}}));
     TraceTail trace;
     console->ShowServiceSIAsRunning(2, 0, 0);
     QVERIFY(trace.ConsoleLines().contains(
@@ -231,7 +205,7 @@ void tst_ctlRun_SongSequence::setupSongTracesItsArguments() {
 
 void tst_ctlRun_SongSequence::
     setupSongOfAMissingItemShowsTheMessageAndWritesTheLineWithTwoBlanks() {
-    LoadService({{song}});
+    QVERIFY(LoadService({{song}}));
     platform->QueueAnswer(vbOK);
     TraceTail trace;
 
@@ -249,7 +223,7 @@ void tst_ctlRun_SongSequence::
 }
 
 void tst_ctlRun_SongSequence::setupSongFailureShowsTheErrorBoxWithItsPrefix() {
-    LoadService({{prayer}});
+    QVERIFY(LoadService({{prayer}}));
     platform->QueueAnswer(vbOK);
     TraceTail trace;
     {
@@ -272,7 +246,7 @@ void tst_ctlRun_SongSequence::setupSongFailureShowsTheErrorBoxWithItsPrefix() {
 }
 
 void tst_ctlRun_SongSequence::failingFirstLineLeavesAnEmptyCellWithoutAMessage() {
-    LoadService({{prayer}});
+    QVERIFY(LoadService({{prayer}}));
     TraceTail trace;
     {
         // The sequence itself reads the words once; every first line after it fails.
@@ -298,8 +272,8 @@ void tst_ctlRun_SongSequence::failingFirstLineLeavesAnEmptyCellWithoutAMessage()
 // ---------------------------------------------------------------- marking
 
 void tst_ctlRun_SongSequence::siPartChangedThreeBoldsTheThirdRowAndAClickOnItCarriesTwo() {
-    LoadService({{song}});
-    ShowConsole();
+    QVERIFY(LoadService({{song}}));
+    QVERIFY(ShowConsole());
     TraceTail trace;
 
     console->SIPartChanged(3, 2);
@@ -318,7 +292,7 @@ void tst_ctlRun_SongSequence::siPartChangedThreeBoldsTheThirdRowAndAClickOnItCar
 }
 
 void tst_ctlRun_SongSequence::siPartChangedSelectsTheRowAndShowsTheList() {
-    LoadService({{song}, {prayer}});
+    QVERIFY(LoadService({{song}, {prayer}}));
     console->ShowServiceSIAsRunning(2, 0, 0);
     QVERIFY(console->lvwSIContent->isHidden());
 
@@ -331,7 +305,7 @@ void tst_ctlRun_SongSequence::siPartChangedSelectsTheRowAndShowsTheList() {
 }
 
 void tst_ctlRun_SongSequence::siPartChangedOfAnotherTypeMovesNoRowAndResetsTheToolTip() {
-    LoadService({{song}});
+    QVERIFY(LoadService({{song}}));
     console->SIPartChanged(2, 2);
     console->AtEndOfSI();
 
@@ -347,7 +321,7 @@ void tst_ctlRun_SongSequence::partChangeWhileAPropShowsMovesThePropListAndTheMai
                                      {{QStringLiteral("Verse 1"), QStringLiteral("Be thou")},
                                       {QStringLiteral("Verse 2"), QStringLiteral("Be thou my")},
                                       {QStringLiteral("Verse 3"), QStringLiteral("Riches")}});
-    LoadService({{song}});
+    QVERIFY(LoadService({{song}}));
     console->SIPartChanged(2, 2);
     console->ShowSIAsRunning(other, false);
     QCOMPARE(console->lvwPropSIContent->topLevelItemCount(), 3);
@@ -361,7 +335,7 @@ void tst_ctlRun_SongSequence::partChangeWhileAPropShowsMovesThePropListAndTheMai
 }
 
 void tst_ctlRun_SongSequence::siPartChangedBeyondTheRowsReachesTheHostAndKeepsTheToolTip() {
-    LoadService({{song}});
+    QVERIFY(LoadService({{song}}));
     console->AtEndOfSI();
     try {
         console->SIPartChanged(9, 2);
@@ -374,8 +348,8 @@ void tst_ctlRun_SongSequence::siPartChangedBeyondTheRowsReachesTheHostAndKeepsTh
 }
 
 void tst_ctlRun_SongSequence::clickOnAPartRaisesShowVerseBoldsItAndRefreshesTheMirror() {
-    LoadService({{song}});
-    ShowConsole();
+    QVERIFY(LoadService({{song}}));
+    QVERIFY(ShowConsole());
     QSignalSpy verse(console.get(), &ctlRun::ShowVerse);
     QSignalSpy propVerse(console.get(), &ctlRun::ShowPropVerse);
     TraceTail trace;
@@ -392,8 +366,8 @@ void tst_ctlRun_SongSequence::clickOnAPartRaisesShowVerseBoldsItAndRefreshesTheM
 }
 
 void tst_ctlRun_SongSequence::clickOnAPropPartRaisesShowPropVerseWithoutTheMirror() {
-    LoadService({{prayer}});
-    ShowConsole();
+    QVERIFY(LoadService({{prayer}}));
+    QVERIFY(ShowConsole());
     console->ShowSIAsRunning(song, false);
     QSignalSpy verse(console.get(), &ctlRun::ShowVerse);
     QSignalSpy propVerse(console.get(), &ctlRun::ShowPropVerse);
