@@ -27,11 +27,26 @@ void DataAccess::ImportFile(const QString&, QString& strErrorMessage) {
     P::NotAvailable(strErrorMessage, "ImportFile", QStringLiteral("Import"));
 }
 
-void DataAccess::ExportServices(const QVariant&, const QString&, QString& strErrorMessage) {
+namespace {
+// What an export was handed, written before it answers, so that the ids and
+// the description a control chose can be read back from the trace.
+void TraceExportArguments(const char* operation, const QVariant& varIDs,
+                          const QString& strDescription) {
+    TraceLog::Instance().WriteTraceLine(
+        QStringLiteral("QVLTDBFUNCTIONS:DataAccess:%1: varIDs = %2, strDescription = %3, ")
+            .arg(QLatin1String(operation), varIDs.toString(), strDescription));
+}
+} // namespace
+
+void DataAccess::ExportServices(const QVariant& varIDs, const QString& strDescription,
+                                QString& strErrorMessage) {
+    TraceExportArguments("ExportServices", varIDs, strDescription);
     P::NotAvailable(strErrorMessage, "ExportServices", QStringLiteral("Export of services"));
 }
 
-void DataAccess::ExportServiceItems(const QVariant&, const QString&, QString& strErrorMessage) {
+void DataAccess::ExportServiceItems(const QVariant& varIDs, const QString& strDescription,
+                                    QString& strErrorMessage) {
+    TraceExportArguments("ExportServiceItems", varIDs, strDescription);
     P::NotAvailable(strErrorMessage, "ExportServiceItems",
                     QStringLiteral("Export of service items"));
 }
