@@ -59,9 +59,9 @@ void RunEngine::Recut() {
 bool RunEngine::AddItem(qint32 lngServiceItemID) {
     RunItem item;
     QString err;
+    // A row whose item is gone still holds its place: an empty slide, without
+    // the failure's words on the projector.
     const bool loaded = RunItem::Load(lngServiceItemID, item, err);
-    if (!loaded) // a row whose item is gone still holds its place, empty
-        item.description = err;
     m_items << item;
     return loaded;
 }
