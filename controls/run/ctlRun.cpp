@@ -61,13 +61,24 @@ void KeepGapToBottom(QWidget* w, const QWidget* container, qint32 lngGap) {
     SetTwipsHeight(w, TwipsHeight(container) - TwipsTopIn(w, container) - lngGap);
 }
 
+template <class T> T* Named(T* w, const QString& strName) {
+    w->setObjectName(strName);
+    return w;
+}
+
+// A named widget at its place (twips).
+template <class T>
+T* Placed(T* w, const QString& strName, qint32 lngLeft, qint32 lngTop, qint32 lngWidth,
+          qint32 lngHeight) {
+    Place(Named(w, strName), lngLeft, lngTop, lngWidth, lngHeight);
+    return w;
+}
+
 // A list view at its place (twips).
 VBTreeWidget* NewListView(QWidget* parent, const QString& strName, qint32 lngLeft, qint32 lngTop,
                           qint32 lngWidth, qint32 lngHeight) {
-    auto* lvw = new VBTreeWidget(parent);
-    lvw->setObjectName(strName);
+    auto* lvw = Placed(new VBTreeWidget(parent), strName, lngLeft, lngTop, lngWidth, lngHeight);
     lvw->SetListView();
-    Place(lvw, lngLeft, lngTop, lngWidth, lngHeight);
     return lvw;
 }
 
@@ -80,18 +91,12 @@ VBTreeWidget* NewPartList(QWidget* parent, const QString& strName, VBImageList* 
     return lvw;
 }
 
-// A label at its place (twips).
-QLabel* NewLabel(QWidget* parent, const QString& strName, qint32 lngLeft, qint32 lngTop,
-                 qint32 lngWidth, qint32 lngHeight) {
-    auto* lbl = new QLabel(parent);
-    lbl->setObjectName(strName);
-    Place(lbl, lngLeft, lngTop, lngWidth, lngHeight);
-    return lbl;
-}
-
-template <class T> T* Named(T* w, const QString& strName) {
-    w->setObjectName(strName);
-    return w;
+// One of the three size and properties buttons beside the mirror.
+SSRibbon* NewRibbon(QWidget* parent, const QString& strName, const QString& strCaption,
+                    const QString& strToolTip, qint32 lngLeft) {
+    auto* cmd = Placed(new SSRibbon(strCaption, parent), strName, lngLeft, 2880, 480, 375);
+    cmd->setToolTip(strToolTip);
+    return cmd;
 }
 
 } // namespace
@@ -126,29 +131,26 @@ void ctlRun::CreateWidgets() {
     surface->resize(Twips::ToPixels(ScrollAreaWidth), Twips::ToPixels(ScrollAreaHeight));
     SSScroll1->setWidget(surface);
 
-    fraMainCaption = Named(new QGroupBox(surface), QStringLiteral("fraMainCaption"));
-    Place(fraMainCaption, 0, 0, ScrollAreaWidth, 615);
+    fraMainCaption = Placed(new QGroupBox(surface), QStringLiteral("fraMainCaption"), 0, 0,
+                            ScrollAreaWidth, 615);
     lblMainCaption =
-        NewLabel(fraMainCaption, QStringLiteral("lblMainCaption"), 120, 210, 8565, 330);
+        Placed(new QLabel(fraMainCaption), QStringLiteral("lblMainCaption"), 120, 210, 8565, 330);
     QFont fntCaption = lblMainCaption->font();
     fntCaption.setBold(true);
     fntCaption.setPointSizeF(fntCaption.pointSizeF() * 1.2);
     lblMainCaption->setFont(fntCaption);
 
-    SSTab1 = Named(new SSTab(surface), QStringLiteral("SSTab1"));
-    Place(SSTab1, 0, 660, ScrollAreaWidth, 7275);
+    SSTab1 = Placed(new SSTab(surface), QStringLiteral("SSTab1"), 0, 660, ScrollAreaWidth, 7275);
     auto* page = new QWidget;
     SSTab1->addTab(page, QStringLiteral("Run"));
 
-    fraOverview =
-        Named(new QGroupBox(QStringLiteral("Service"), page), QStringLiteral("fraOverview"));
-    Place(fraOverview, 120, 120, 4080, 6600);
-    tvwRun = Named(new VBTreeWidget(fraOverview), QStringLiteral("tvwRun"));
-    Place(tvwRun, 120, 300, 3840, 6200);
+    fraOverview = Placed(new QGroupBox(QStringLiteral("Service"), page),
+                         QStringLiteral("fraOverview"), 120, 120, 4080, 6600);
+    tvwRun = Placed(new VBTreeWidget(fraOverview), QStringLiteral("tvwRun"), 120, 300, 3840, 6200);
     tvwRun->setImageList(imlServiceItems);
 
-    fraMain = Named(new QGroupBox(QStringLiteral("Showing Now"), page), QStringLiteral("fraMain"));
-    Place(fraMain, 4320, 120, 4365, 4560);
+    fraMain = Placed(new QGroupBox(QStringLiteral("Showing Now"), page), QStringLiteral("fraMain"),
+                     4320, 120, 4365, 4560);
     CreateMainFrame();
     CreateExtras();
 }
@@ -156,64 +158,56 @@ void ctlRun::CreateWidgets() {
 // The frame "Showing Now": labels and part list, the prop details over the
 // part list, the mirror, the player, the buttons.
 void ctlRun::CreateMainFrame() {
-    lblSIType = NewLabel(fraMain, QStringLiteral("lblSIType"), 120, 270, 4125, 255);
+    lblSIType = Placed(new QLabel(fraMain), QStringLiteral("lblSIType"), 120, 270, 4125, 255);
     QFont fntType = lblSIType->font();
     fntType.setBold(true);
     lblSIType->setFont(fntType);
-    lblSIDescription = NewLabel(fraMain, QStringLiteral("lblSIDescription"), 120, 540, 4125, 255);
+    lblSIDescription =
+        Placed(new QLabel(fraMain), QStringLiteral("lblSIDescription"), 120, 540, 4125, 255);
     lvwSIContent =
         NewPartList(fraMain, QStringLiteral("lvwSIContent"), imlVerseChorus, 120, 840, 4125, 1410);
 
-    fraPropDetails = Named(new QGroupBox(fraMain), QStringLiteral("fraPropDetails"));
-    Place(fraPropDetails, 120, 840, 4125, 1410);
-    lblPropType = NewLabel(fraPropDetails, QStringLiteral("lblPropType"), 120, 210, 1380, 255);
+    fraPropDetails =
+        Placed(new QGroupBox(fraMain), QStringLiteral("fraPropDetails"), 120, 840, 4125, 1410);
+    lblPropType =
+        Placed(new QLabel(fraPropDetails), QStringLiteral("lblPropType"), 120, 210, 1380, 255);
     lblPropType->setFont(fntType);
-    lblPropDescription =
-        NewLabel(fraPropDetails, QStringLiteral("lblPropDescription"), 1560, 210, 2445, 255);
+    lblPropDescription = Placed(new QLabel(fraPropDetails), QStringLiteral("lblPropDescription"),
+                                1560, 210, 2445, 255);
     lvwPropSIContent = NewPartList(fraPropDetails, QStringLiteral("lvwPropSIContent"),
                                    imlVerseChorus, 120, 495, 3885, 840);
     fraPropDetails->hide();
 
-    imgMirror = NewLabel(fraMain, QStringLiteral("imgMirror"), 120, 2340, 2040, 1530);
+    imgMirror = Placed(new QLabel(fraMain), QStringLiteral("imgMirror"), 120, 2340, 2040, 1530);
     imgMirror->setScaledContents(true);
     imgMirror->setFrameShape(QFrame::Box);
-    MediaPlayer2 = Named(new MediaPlayer(fraMain), QStringLiteral("MediaPlayer2"));
-    Place(MediaPlayer2, 2280, 2340, 1965, 480);
+    MediaPlayer2 =
+        Placed(new MediaPlayer(fraMain), QStringLiteral("MediaPlayer2"), 2280, 2340, 1965, 480);
     MediaPlayer2->hide();
 
-    cmdMakeSmaller =
-        Named(new SSRibbon(QStringLiteral("-"), fraMain), QStringLiteral("cmdMakeSmaller"));
-    Place(cmdMakeSmaller, 2280, 2880, 480, 375);
-    cmdMakeSmaller->setToolTip(QStringLiteral("Smaller text on the projector"));
-    cmdMagnify = Named(new SSRibbon(QStringLiteral("+"), fraMain), QStringLiteral("cmdMagnify"));
-    Place(cmdMagnify, 2820, 2880, 480, 375);
-    cmdMagnify->setToolTip(QStringLiteral("Larger text on the projector"));
-    cmdShowProperties =
-        Named(new SSRibbon(QStringLiteral("?"), fraMain), QStringLiteral("cmdShowProperties"));
-    Place(cmdShowProperties, 3360, 2880, 480, 375);
-    cmdShowProperties->setToolTip(QStringLiteral("Properties of the service item"));
-    cmdRefresh =
-        Named(new QPushButton(QStringLiteral("&Refresh"), fraMain), QStringLiteral("cmdRefresh"));
-    Place(cmdRefresh, 2280, 3330, 1965, 375);
-    chkProjectorOn = Named(new QCheckBox(QStringLiteral("Projector On"), fraMain),
-                           QStringLiteral("chkProjectorOn"));
-    Place(chkProjectorOn, 2280, 3750, 1965, 255);
+    cmdMakeSmaller = NewRibbon(fraMain, QStringLiteral("cmdMakeSmaller"), QStringLiteral("-"),
+                               QStringLiteral("Smaller text on the projector"), 2280);
+    cmdMagnify = NewRibbon(fraMain, QStringLiteral("cmdMagnify"), QStringLiteral("+"),
+                           QStringLiteral("Larger text on the projector"), 2820);
+    cmdShowProperties = NewRibbon(fraMain, QStringLiteral("cmdShowProperties"), QStringLiteral("?"),
+                                  QStringLiteral("Properties of the service item"), 3360);
+    cmdRefresh = Placed(new QPushButton(QStringLiteral("&Refresh"), fraMain),
+                        QStringLiteral("cmdRefresh"), 2280, 3330, 1965, 375);
+    chkProjectorOn = Placed(new QCheckBox(QStringLiteral("Projector On"), fraMain),
+                            QStringLiteral("chkProjectorOn"), 2280, 3750, 1965, 255);
 
-    cmdBack =
-        Named(new QPushButton(QStringLiteral("<< &Back"), fraMain), QStringLiteral("cmdBack"));
-    Place(cmdBack, 120, 4050, 1335, 375);
-    cmdForward = Named(new QPushButton(QStringLiteral("&Forward >>"), fraMain),
-                       QStringLiteral("cmdForward"));
-    Place(cmdForward, 1515, 4050, 1335, 375);
-    cmdEnd = Named(new QPushButton(QStringLiteral("&End"), fraMain), QStringLiteral("cmdEnd"));
-    Place(cmdEnd, 2910, 4050, 1335, 375);
+    cmdBack = Placed(new QPushButton(QStringLiteral("<< &Back"), fraMain),
+                     QStringLiteral("cmdBack"), 120, 4050, 1335, 375);
+    cmdForward = Placed(new QPushButton(QStringLiteral("&Forward >>"), fraMain),
+                        QStringLiteral("cmdForward"), 1515, 4050, 1335, 375);
+    cmdEnd = Placed(new QPushButton(QStringLiteral("&End"), fraMain), QStringLiteral("cmdEnd"),
+                    2910, 4050, 1335, 375);
 }
 
 // The tab set below "Showing Now": the prop bag and the whole gallery.
 void ctlRun::CreateExtras() {
     QWidget* page = SSTab1->widget(0);
-    ssTabExtras = Named(new SSTab(page), QStringLiteral("ssTabExtras"));
-    Place(ssTabExtras, 4320, 4800, 4365, 2000);
+    ssTabExtras = Placed(new SSTab(page), QStringLiteral("ssTabExtras"), 4320, 4800, 4365, 2000);
     auto* propPage = new QWidget;
     auto* galleryPage = new QWidget;
     ssTabExtras->addTab(propPage, QStringLiteral("Prop Bag"));
@@ -224,9 +218,8 @@ void ctlRun::CreateExtras() {
     lvwProps->AddColumnHeader(QString(), QString(), 4125);
     lvwProps->setHeaderHidden(true);
 
-    ctlServiceItemGallery1 =
-        Named(new ctlServiceItemGallery(galleryPage), QStringLiteral("ctlServiceItemGallery1"));
-    Place(ctlServiceItemGallery1, 60, 60, 4185, 1500);
+    ctlServiceItemGallery1 = Placed(new ctlServiceItemGallery(galleryPage),
+                                    QStringLiteral("ctlServiceItemGallery1"), 60, 60, 4185, 1500);
 }
 
 void ctlRun::ConnectWidgets() {

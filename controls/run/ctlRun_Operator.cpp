@@ -30,6 +30,15 @@ template <class F> void WhileDisabled(QPushButton* cmd, F&& raise) {
     cmd->setEnabled(true);
 }
 
+// The ribbon buttons act when pressed in, and spring back at once; springing
+// back runs their handler again with Value False, which does nothing.
+bool PressedIn(SSRibbon* cmd, bool Value) {
+    if (!Value)
+        return false;
+    cmd->setValue(false);
+    return true;
+}
+
 } // namespace
 
 void ctlRun::cmdForward_Click() {
@@ -85,22 +94,18 @@ void ctlRun::chkProjectorOn_Click() {
     });
 }
 
-// The three ribbon buttons act when pressed in, and spring back at once;
-// springing back runs the handler again with Value False, which does nothing.
 void ctlRun::cmdShowProperties_Click(bool Value) {
     RunMember("cmdShowProperties_Click").Arg(QStringLiteral("Value"), Value).Enter().Guarded([&] {
-        if (!Value)
+        if (!PressedIn(cmdShowProperties, Value))
             return;
-        cmdShowProperties->setValue(false);
         emit ShowPropButtonClicked();
     });
 }
 
 void ctlRun::cmdMagnify_Click(bool Value) {
     RunMember("cmdMagnify_Click").Arg(QStringLiteral("Value"), Value).Enter().Guarded([&] {
-        if (!Value)
+        if (!PressedIn(cmdMagnify, Value))
             return;
-        cmdMagnify->setValue(false);
         emit IncreaseSize();
         cmdForward->setFocus();
         RefreshScreenMirror();
@@ -110,9 +115,8 @@ void ctlRun::cmdMagnify_Click(bool Value) {
 // Unlike cmdMagnify, pumps messages before the mirror is refreshed.
 void ctlRun::cmdMakeSmaller_Click(bool Value) {
     RunMember("cmdMakeSmaller_Click").Arg(QStringLiteral("Value"), Value).Enter().Guarded([&] {
-        if (!Value)
+        if (!PressedIn(cmdMakeSmaller, Value))
             return;
-        cmdMakeSmaller->setValue(false);
         emit DecreaseSize();
         cmdForward->setFocus();
         Platform::Current().DoEvents();
