@@ -5,6 +5,7 @@
 #include "ProjectorWindow.h"
 #include "RunController.h"
 #include "RunSession.h"
+#include "ServiceRows.h"
 #include "StartUp.h"
 #include "run/ctlRun.h"
 
@@ -91,7 +92,7 @@ qint32 SampleServiceID() {
         da.GetServiceContents(QStringLiteral("ServiceID = %1").arg(id), 4, err, rows);
         int shown = 0;
         for (rows->MoveFirst(); err.isEmpty() && !rows->Eof(); rows->MoveNext())
-            shown += rows->Fields(QStringLiteral("ShowAtRunTime")).toBool() ? 1 : 0;
+            shown += ServiceRows::ShownAtRunTime(*rows) ? 1 : 0;
         if (shown > 1)
             return id;
     }

@@ -1,6 +1,7 @@
 #include "Summaries.h"
 
 #include "DataAccess.h"
+#include "ServiceRows.h"
 #include "foundations/VBRuntime.h"
 
 namespace {
@@ -33,7 +34,7 @@ void addContents(EventPanel::Rows& rows, qint32 lngServiceID) {
         da.GetServiceItemDescription(rs->Fields(QStringLiteral("ServiceItemID")).toInt(), err,
                                      description);
         QString text = decoded(description);
-        if (!rs->Fields(QStringLiteral("ShowAtRunTime")).toBool())
+        if (!ServiceRows::ShownAtRunTime(*rs))
             text += QStringLiteral("  (not shown at run time)");
         rows.append({QStringLiteral("Row %1").arg(++row), text});
     }
