@@ -30,10 +30,7 @@ void RunSession::CreateParts(QWidget* consoleParent) {
     if (consoleParent) {
         m_console = new ctlRun(consoleParent);
         m_console->setObjectName(QStringLiteral("ctlRun1"));
-        m_keys = new OperatorKeyFilter(this);
-        m_console->installEventFilter(m_keys);
-        for (QWidget* child : m_console->findChildren<QWidget*>())
-            child->installEventFilter(m_keys);
+        m_keys = new OperatorKeyFilter(m_console, this);
     }
     m_controller = new RunController(m_engine, m_console, this);
     connect(m_projector, &ProjectorWindow::ActionPressed, m_controller,
@@ -82,7 +79,7 @@ bool RunSession::StartServiceItem(qint32 lngServiceItemID, QString& strErrorMess
 bool RunSession::CanUnload() {
     if (m_ended || !m_console)
         return true;
-    return m_console->CanUnload();
+    return m_controller->ConfirmEnd();
 }
 
 void RunSession::End() {

@@ -20,10 +20,12 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QToolBar>
+#include <QTreeWidget>
 #include <QtTest>
 
 #include <memory>
@@ -53,6 +55,9 @@ private slots:
     void runOfOneServiceItemFromTheGallery();
     void aboutBoxNamesCorvantis();
     void closingDuringARunAsksTheConsoleFirst();
+    void operatorKeysReachTheRunWhereverTheFocusIsInTheConsole();
+    void typingInTheConsolesFilterBoxStaysTyping();
+    void escBlacksOutFirstAndTheRunEndsOnlyOnYes();
 
 private:
     StartUp Start() const {
@@ -251,6 +256,10 @@ void tst_MainWindow::operatorKeysOnTheConsoleDriveTheRun() {
     QTest::keyClick(session->Projector(), Qt::Key_Right);
     QCOMPARE(session->Engine().CurrentPart(), 1);
     QTest::keyClick(console, Qt::Key_Escape);
+    QVERIFY(session->Engine().IsBlackedOut());
+    QVERIFY(window->IsRunning());
+    platform->QueueAnswer(vbYes);
+    QTest::keyClick(console, Qt::Key_Escape);
     QTRY_VERIFY(!window->IsRunning());
 }
 
@@ -259,6 +268,7 @@ void tst_MainWindow::endOnTheConsoleEndsTheRunAndRecordsTheDelivery() {
     QWidget* before = window->stkPages->currentWidget();
     QVERIFY(window->RunService(service));
     QPointer<ProjectorWindow> projector = window->Session()->Projector();
+    platform->QueueAnswer(vbYes);
     window->Session()->Console()->cmdEnd->click();
     QTRY_VERIFY(!window->IsRunning());
     QCOMPARE(window->stkPages->currentWidget(), before);
@@ -306,6 +316,7 @@ void tst_MainWindow::runOfOneServiceItemFromTheGallery() {
     QVERIFY(!session->Engine().IsServiceRun());
     QCOMPARE(session->Console()->lblMainCaption->text(),
              QStringLiteral("Running Service item: Be Thou My Vision"));
+    platform->QueueAnswer(vbYes);
     session->Console()->cmdEnd->click();
     QTRY_VERIFY(!window->IsRunning());
     QCOMPARE(window->CurrentPage()->Name(), QStringLiteral("ServiceItems"));
@@ -330,6 +341,60 @@ void tst_MainWindow::closingDuringARunAsksTheConsoleFirst() {
     platform->QueueAnswer(vbYes);
     QVERIFY(window->close());
     QTRY_VERIFY(!window->IsRunning());
+}
+
+void tst_MainWindow::operatorKeysReachTheRunWhereverTheFocusIsInTheConsole() {
+    QVERIFY(window->RunService(service));
+    RunSession* session = window->Session();
+    ctlRun* console = session->Console();
+    console->tvwRun->setFocus();
+    QTest::keyClick(console->tvwRun, Qt::Key_Right);
+    QCOMPARE(session->Engine().CurrentPart(), 1);
+    QTest::keyClick(console->tvwRun, Qt::Key_Left);
+    QCOMPARE(session->Engine().CurrentPart(), 0);
+    // A list made inside the console after the run began takes no arrows either.
+    auto* later = new QTreeWidget(console);
+    later->addTopLevelItems({new QTreeWidgetItem({"a"}), new QTreeWidgetItem({"b"})});
+    later->show();
+    later->setFocus();
+    QTest::keyClick(later, Qt::Key_Right);
+    QCOMPARE(session->Engine().CurrentPart(), 1);
+    QTest::keyClick(later, Qt::Key_PageUp);
+    QCOMPARE(session->Engine().CurrentPart(), 0);
+}
+
+void tst_MainWindow::typingInTheConsolesFilterBoxStaysTyping() {
+    QVERIFY(window->RunService(service));
+    RunSession* session = window->Session();
+    auto* filter = new QLineEdit(session->Console());
+    filter->show();
+    filter->setFocus();
+    QTest::keyClicks(filter, QStringLiteral("b c"));
+    QTest::keyClick(filter, Qt::Key_Left);
+    QCOMPARE(filter->text(), QStringLiteral("b c"));
+    QVERIFY(!session->Engine().IsBlackedOut());
+    QCOMPARE(session->Engine().CurrentPart(), 0);
+}
+
+void tst_MainWindow::escBlacksOutFirstAndTheRunEndsOnlyOnYes() {
+    QVERIFY(window->RunService(service));
+    ctlRun* console = window->Session()->Console();
+    QTest::keyClick(console->cmdForward, Qt::Key_Escape);
+    QVERIFY(window->IsRunning());
+    QVERIFY(window->Session()->Engine().IsBlackedOut());
+    QCOMPARE(platform->BoxCount(), 0);
+    platform->QueueAnswer(vbNo);
+    QTest::keyClick(console->cmdForward, Qt::Key_Escape);
+    QVERIFY(window->IsRunning());
+    QCOMPARE(platform->LastBox().Prompt, QStringLiteral("Do you want to stop running this item?"));
+    platform->QueueAnswer(vbNo);
+    console->cmdEnd->click();
+    QVERIFY(window->IsRunning());
+    QCOMPARE(platform->BoxCount(), 2);
+    platform->QueueAnswer(vbYes);
+    console->cmdEnd->click();
+    QTRY_VERIFY(!window->IsRunning());
+    QCOMPARE(platform->BoxCount(), 3);
 }
 
 QTEST_MAIN(tst_MainWindow)

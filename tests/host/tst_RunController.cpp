@@ -323,6 +323,7 @@ void tst_RunController::endRunDuringAPropEndsOnlyTheProp() {
 void tst_RunController::endRunOutsideAPropEndsTheRun() {
     Start();
     QSignalSpy endRequested(controller.get(), &RunController::RunEndRequested);
+    platform->QueueAnswer(vbYes);
     console->cmdEnd->click();
     QCOMPARE(endRequested.count(), 1);
 }
@@ -332,7 +333,7 @@ void tst_RunController::canUnloadDuringAPropEndsThePropAndThenTheRun() {
     QSignalSpy endRequested(controller.get(), &RunController::RunEndRequested);
     StartProp(notice);
     platform->QueueAnswer(vbYes);
-    QVERIFY(console->CanUnload());
+    QVERIFY(controller->ConfirmEnd());
     QVERIFY(!engine->IsPropRunning());
     QCOMPARE(endRequested.count(), 1);
 }
@@ -385,6 +386,10 @@ void tst_RunController::operatorKeysPressTheConsoleButtons() {
     QVERIFY(!console->chkProjectorOn->isChecked());
     controller->OperatorAction(OperatorKeys::Action::BlackOut);
     QVERIFY(!engine->IsBlackedOut());
+    controller->OperatorAction(OperatorKeys::Action::End);
+    QVERIFY(engine->IsBlackedOut());
+    QCOMPARE(endRequested.count(), 0);
+    platform->QueueAnswer(vbYes);
     controller->OperatorAction(OperatorKeys::Action::End);
     QCOMPARE(endRequested.count(), 1);
 }
