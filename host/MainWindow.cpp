@@ -8,6 +8,7 @@
 #include "ShortListsPage.h"
 #include "TemplatesPage.h"
 #include "foundations/ErrorReport.h"
+#include "foundations/Platform.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -21,7 +22,8 @@ MainWindow::MainWindow(const StartUp& startUp, QWidget* parent)
     : QMainWindow(parent), m_startUp(startUp) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(startUp.WindowTitle());
-    resize(1100, 720);
+    // Every box and dialog opens over this window, on the console's screen.
+    Platform::SetDialogOwner(this);
     stkPages = new QStackedWidget(this);
     stkPages->setObjectName(QStringLiteral("stkPages"));
     setCentralWidget(stkPages);
@@ -40,6 +42,7 @@ MainWindow::MainWindow(const StartUp& startUp, QWidget* parent)
         statusBar()->showMessage(QStringLiteral("Welcome to Corvantis: this is a sample church's "
                                                 "data. Sample mode is turned off in Options."));
     ShowPage(PageForStartupTab(startUp.startupTab));
+    setGeometry(OpeningGeometry());
 }
 
 MainWindow::~MainWindow() {
@@ -147,6 +150,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
             event->ignore();
             return;
         }
+        SaveGeometry();
         event->accept();
     });
 }

@@ -48,6 +48,15 @@ public:
     // Ends the run in progress, as the console's End does.
     void EndRun();
 
+    // ---- Place on the screen (MainWindow_Place.cpp) -------------------------------
+    // The size and place the window opens at: where it was last closed, when
+    // that still lies on a screen, else a size that fits the console's screen
+    // (the primary), centred on it.
+    QRect OpeningGeometry() const;
+    // Remembers the window's size and place in Corvantis.ini.
+    void SaveGeometry() const;
+    static QString GeometryKey() { return QStringLiteral("MainWindow"); }
+
     // ---- Help (MainWindow_Menus.cpp) -------------------------------------------
     void ShowAbout();
     static QString AboutText();
@@ -68,6 +77,7 @@ public:
     QAction* mnuRunSelectedService = nullptr;
     QAction* mnuRunSelectedServiceItem = nullptr;
     QAction* mnuEndRun = nullptr;
+    QAction* mnuViewNavigationBar = nullptr;
 
 protected:
     void closeEvent(QCloseEvent* event) override;

@@ -53,6 +53,12 @@ void MainWindow::CreateViewMenu() {
                      navigation->text());
         onTriggered(action, this, [navigation] { navigation->trigger(); });
     }
+    // The bar can be hidden from its context menu; here it comes back.
+    mnuView->addSeparator();
+    mnuViewNavigationBar = tbrNavigation->toggleViewAction();
+    mnuViewNavigationBar->setObjectName(QStringLiteral("mnuViewNavigationBar"));
+    mnuViewNavigationBar->setText(QStringLiteral("&Navigation Bar"));
+    mnuView->addAction(mnuViewNavigationBar);
 }
 
 void MainWindow::CreateRunMenu() {

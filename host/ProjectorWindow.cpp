@@ -16,9 +16,11 @@ ProjectorWindow::ProjectorWindow(RunEngine& engine, QWidget* parent)
     setObjectName(Title());
     setWindowTitle(Title());
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setFocusPolicy(Qt::StrongFocus);
-    // The operator's keys stay with the console when the projector comes up.
+    // The keyboard stays with the console: the projector window neither takes
+    // the focus when it comes up nor when it is clicked.
+    setFocusPolicy(Qt::NoFocus);
     setAttribute(Qt::WA_ShowWithoutActivating);
+    setWindowFlag(Qt::WindowDoesNotAcceptFocus);
     tmrBackground->setObjectName(QStringLiteral("tmrBackground"));
     connect(tmrBackground, &QTimer::timeout, this,
             [this] { ErrorReport::Guard([this] { tmrBackground_Timeout(); }); });

@@ -1,0 +1,129 @@
+// The main window on a machine with two screens: the console's screen (A,
+// 1024 x 768, the primary) and the projector's (B). The window fits the
+// console's screen and opens there, every box opens over it, and the
+// projector window never has one.
+#include "MainWindow.h"
+#include "ProjectorWindow.h"
+#include "RunSession.h"
+#include "ScriptedPlatform.h"
+#include "Settings.h"
+#include "TestDatabase.h"
+#include "TwoScreens.h"
+
+#include "run/ctlRun.h"
+
+#include <QAction>
+#include <QGuiApplication>
+#include <QMenu>
+#include <QPushButton>
+#include <QScreen>
+#include <QToolBar>
+#include <QWindow>
+#include <QtTest>
+
+#include <memory>
+
+class tst_MainWindowTwoScreens : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() {
+        Settings::DeletePrivateProfileKey(QStringLiteral("Window"), MainWindow::GeometryKey());
+        db = std::make_unique<TestDatabase>();
+        QVERIFY(db->IsValid());
+        platform = std::make_unique<ScriptedPlatform>();
+        const qint32 prayer = db->AddServiceItem(TestDatabase::Prayer, QStringLiteral("Collect"),
+                                                 QStringLiteral("Almighty God"));
+        service = db->AddService(QStringLiteral("Morning"), {{prayer}});
+    }
+
+    void cleanup() {
+        window.reset();
+        platform.reset();
+        db.reset();
+    }
+
+    void windowFitsTheConsolesScreenAndOpensOnIt() {
+        Open();
+        QScreen* console = QGuiApplication::primaryScreen();
+        QCOMPARE(console->name(), QStringLiteral("A"));
+        QCOMPARE(window->windowHandle()->screen(), console);
+        QVERIFY(console->availableGeometry().contains(window->geometry()));
+        QVERIFY2(window->width() <= 1024 && window->height() <= 768,
+                 qPrintable(QStringLiteral("%1 x %2").arg(window->width()).arg(window->height())));
+        QVERIFY(window->minimumSizeHint().width() <= 1024);
+    }
+
+    void windowOpensWhereItWasClosed() {
+        Open();
+        window->setGeometry(QRect(40, 50, 900, 600));
+        platform->SetDefaultAnswer(vbYes);
+        QVERIFY(window->close());
+        window.reset();
+        Open();
+        QCOMPARE(window->geometry(), QRect(40, 50, 900, 600));
+    }
+
+    void rememberedPlaceOffEveryScreenIsNotUsed() {
+        Settings::WritePrivateProfileString(QStringLiteral("Window"), MainWindow::GeometryKey(),
+                                            QStringLiteral("5000,5000,900,600"));
+        Open();
+        QVERIFY(QGuiApplication::primaryScreen()->availableGeometry().contains(window->geometry()));
+    }
+
+    void navigationBarHiddenComesBackFromTheViewMenu() {
+        Open();
+        window->tbrNavigation->toggleViewAction()->trigger();
+        QVERIFY(window->tbrNavigation->isHidden());
+        QAction* show = window->findChild<QAction*>(QStringLiteral("mnuViewNavigationBar"));
+        QVERIFY(show);
+        QVERIFY(window->mnuView->actions().contains(show));
+        show->trigger();
+        QVERIFY(window->tbrNavigation->isVisible());
+    }
+
+    // The projector window may be the active window (a click on it); the
+    // question of Run > End still opens over the main window, on the
+    // console's screen.
+    void boxesOpenOverTheMainWindowNotTheProjector() {
+        Open();
+        QVERIFY(window->RunService(service));
+        ProjectorWindow* projector = window->Session()->Projector();
+        QTRY_COMPARE(projector->windowHandle()->screen()->name(), QStringLiteral("B"));
+        projector->activateWindow();
+        platform->QueueAnswer(vbNo);
+        window->mnuEndRun->trigger();
+        QCOMPARE(platform->BoxCount(), 1);
+        QCOMPARE(platform->LastBox().Prompt,
+                 QStringLiteral("Do you want to stop running this item?"));
+        QCOMPARE(platform->LastBox().Parent.data(), window.get());
+        QCOMPARE(platform->LastBox().Parent->screen()->name(), QStringLiteral("A"));
+        QVERIFY(window->IsRunning());
+    }
+
+    void projectorWindowTakesNoFocus() {
+        Open();
+        QVERIFY(window->RunService(service));
+        ProjectorWindow* projector = window->Session()->Projector();
+        QCOMPARE(projector->focusPolicy(), Qt::NoFocus);
+        QVERIFY(projector->windowHandle()->flags().testFlag(Qt::WindowDoesNotAcceptFocus));
+    }
+
+private:
+    void Open() {
+        StartUp start;
+        start.databasePath = db->Path();
+        window = std::make_unique<MainWindow>(start);
+        window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(window.get()));
+    }
+
+    std::unique_ptr<TestDatabase> db;
+    std::unique_ptr<ScriptedPlatform> platform;
+    std::unique_ptr<MainWindow> window;
+    qint32 service = 0;
+};
+
+CORVANTIS_TWO_SCREEN_TEST_MAIN(tst_MainWindowTwoScreens)
+
+#include "tst_MainWindowTwoScreens.moc"
