@@ -11,6 +11,8 @@ class HostPage;
 class OptionsPage;
 class QAction;
 class QActionGroup;
+class QDockWidget;
+class RunPreview;
 class QMenu;
 class QStackedWidget;
 class QToolBar;
@@ -78,6 +80,9 @@ public:
     QAction* mnuRunSelectedServiceItem = nullptr;
     QAction* mnuEndRun = nullptr;
     QAction* mnuViewNavigationBar = nullptr;
+    // Beside the console during a run: the picture showing and the next one.
+    QDockWidget* dckRunPreview = nullptr;
+    RunPreview* ctlRunPreview = nullptr;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -96,6 +101,7 @@ private:
     void UpdateRunActions();
     bool StartSession(const std::function<bool(RunSession&, QString&)>& start);
     void Session_Ended();
+    void ShowRunPreview(RunSession& session);
     void ShowRunFailure(const QString& strErrorMessage);
 
     StartUp m_startUp;

@@ -2,12 +2,16 @@
 
 #include "DataAccess.h"
 #include "HostPage.h"
+#include "ProjectorWindow.h"
+#include "RunPreview.h"
 #include "RunSession.h"
 #include "foundations/ErrorReport.h"
 #include "foundations/Platform.h"
 #include "run/ctlRun.h"
 
+#include <QDockWidget>
 #include <QStackedWidget>
+#include <QStatusBar>
 #include <QToolBar>
 
 RunSession* MainWindow::Session() const {
@@ -52,6 +56,11 @@ bool MainWindow::StartSession(const std::function<bool(RunSession&, QString&)>& 
     stkPages->setCurrentWidget(session->Console());
     connect(session, &RunSession::Ended, this,
             [this] { ErrorReport::Guard([this] { Session_Ended(); }); });
+    ShowRunPreview(*session);
+    if (!session->Projector()->Placement().fullScreen)
+        statusBar()->showMessage(
+            QStringLiteral("No second screen was found: the congregation's picture shows in a "
+                           "window of its own, which you can move and size."));
     UpdateRunActions();
     return true;
 }
@@ -69,10 +78,29 @@ void MainWindow::Session_Ended() {
             stkPages->removeWidget(session->Console());
         session->deleteLater();
     }
+    if (dckRunPreview) {
+        removeDockWidget(dckRunPreview);
+        dckRunPreview->deleteLater();
+        dckRunPreview = nullptr;
+        ctlRunPreview = nullptr;
+    }
+    statusBar()->clearMessage();
     if (m_pageBeforeRun)
         stkPages->setCurrentWidget(m_pageBeforeRun);
     m_pageBeforeRun = nullptr;
     UpdateRunActions();
+}
+
+void MainWindow::ShowRunPreview(RunSession& session) {
+    dckRunPreview = new QDockWidget(QStringLiteral("Projector"), this);
+    dckRunPreview->setObjectName(QStringLiteral("dckRunPreview"));
+    dckRunPreview->setFeatures(QDockWidget::NoDockWidgetFeatures);
+    ctlRunPreview = new RunPreview(session.Engine(), dckRunPreview);
+    dckRunPreview->setWidget(ctlRunPreview);
+    addDockWidget(Qt::RightDockWidgetArea, dckRunPreview);
+    // The projector's size is known once it is placed.
+    connect(session.Projector(), &ProjectorWindow::PictureShown, ctlRunPreview,
+            &RunPreview::Refresh);
 }
 
 void MainWindow::ShowRunFailure(const QString& strErrorMessage) {

@@ -88,6 +88,7 @@ void ProjectorWindow::Engine_SlideChanged() {
         tmrBackground->start(slide.changeBackgroundEverySeconds * 1000);
     else
         tmrBackground->stop();
+    m_pictureChanged = true;
     update();
 }
 
@@ -102,10 +103,19 @@ void ProjectorWindow::paintEvent(QPaintEvent*) {
         m_engine.Renderer().Paint(painter, rect(), m_engine.CurrentSlide(), m_engine.IsBlackedOut(),
                                   m_backgroundIndex);
     });
+    if (!m_pictureChanged)
+        return;
+    m_pictureChanged = false;
+    // Told once the painted picture has reached the screen, after this event.
+    QTimer::singleShot(0, this, [this] {
+        if (!m_closing)
+            emit PictureShown();
+    });
 }
 
 void ProjectorWindow::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
+    m_pictureChanged = true;
     ErrorReport::Guard([this] { m_engine.SetScreenSize(size()); });
 }
 

@@ -32,6 +32,9 @@ signals:
     // An operator key pressed on the projector window; closing the window by
     // hand asks for the end as Esc does.
     void ActionPressed(OperatorKeys::Action action);
+    // A changed picture (another slide, black, back, another size) has been
+    // painted: what a grab of the screen now finds is the new picture.
+    void PictureShown();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -50,4 +53,5 @@ private:
     QTimer* tmrBackground;
     int m_backgroundIndex = 0;
     bool m_closing = false;
+    bool m_pictureChanged = true; // painted since the last PictureShown?
 };

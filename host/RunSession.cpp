@@ -39,6 +39,11 @@ void RunSession::CreateParts(QWidget* consoleParent) {
         connect(m_keys, &OperatorKeyFilter::ActionPressed, m_controller,
                 &RunController::OperatorAction);
     connect(m_controller, &RunController::RunEndRequested, this, [this] { End(); });
+    // The console's mirror is grabbed again once the projector has painted
+    // each change, so that it never shows the picture before.
+    if (m_console)
+        connect(m_projector, &ProjectorWindow::PictureShown, m_console,
+                [this] { ErrorReport::Guard([this] { m_console->RefreshScreenMirror(); }); });
     connect(&m_engine, &RunEngine::RunEnded, this,
             [this] { ErrorReport::Guard([this] { Engine_RunEnded(); }); });
 }

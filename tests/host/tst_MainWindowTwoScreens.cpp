@@ -4,16 +4,22 @@
 // projector window never has one.
 #include "MainWindow.h"
 #include "ProjectorWindow.h"
+#include "RunPreview.h"
 #include "RunSession.h"
+#include "Screenshot.h"
 #include "ScriptedPlatform.h"
 #include "Settings.h"
 #include "TestDatabase.h"
 #include "TwoScreens.h"
 
+#include "foundations/SSRibbon.h"
 #include "run/ctlRun.h"
 
 #include <QAction>
+#include <QCheckBox>
+#include <QDockWidget>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QMenu>
 #include <QPushButton>
 #include <QScreen>
@@ -109,7 +115,60 @@ private slots:
         QVERIFY(projector->windowHandle()->flags().testFlag(Qt::WindowDoesNotAcceptFocus));
     }
 
+    // The mirror shows the projector's picture from the start, black once
+    // blacked out and the slide again once back on: each grab comes after the
+    // projector has painted the change.
+    void mirrorFollowsEveryChangeOfTheProjector() {
+        Open();
+        QVERIFY(window->RunService(service));
+        ctlRun* console = window->Session()->Console();
+        QTRY_VERIFY(Screenshot::IsNotBlank(Mirror(console)));
+        console->chkProjectorOn->click();
+        QVERIFY(window->Session()->Engine().IsBlackedOut());
+        QTRY_VERIFY(!Screenshot::IsNotBlank(Mirror(console)));
+        QCOMPARE(Mirror(console).pixel(10, 10), qRgb(0, 0, 0));
+        console->chkProjectorOn->click();
+        QTRY_VERIFY(Screenshot::IsNotBlank(Mirror(console)));
+        const QImage before = Mirror(console);
+        console->cmdMagnify->setValue(true);
+        QTRY_VERIFY(Mirror(console) != before);
+    }
+
+    // Beside the console: the picture showing and the one Forward brings.
+    void previewShowsTheCurrentAndTheNextSlide() {
+        const qint32 song = db->AddSong(QStringLiteral("Be Thou My Vision"),
+                                        {{QStringLiteral("Verse 1"), QStringLiteral("Be thou")},
+                                         {QStringLiteral("Verse 2"), QStringLiteral("Riches")}});
+        const qint32 two = db->AddService(QStringLiteral("Evening"), {{song}});
+        Open();
+        QVERIFY(window->RunService(two));
+        RunPreview* preview = window->ctlRunPreview;
+        QVERIFY(preview);
+        QTRY_VERIFY(window->dckRunPreview->isVisible());
+        RunEngine& engine = window->Session()->Engine();
+        QTRY_COMPARE(Picture(preview->imgShowing), Scaled(engine, engine.CurrentSlide(), preview));
+        QCOMPARE(Picture(preview->imgNext), Scaled(engine, engine.ItemSlides(0).at(1), preview));
+        QTest::keyClick(window->Session()->Console()->cmdForward, Qt::Key_Space);
+        QCOMPARE(engine.CurrentPart(), 1);
+        QTRY_COMPARE(Picture(preview->imgShowing), Scaled(engine, engine.CurrentSlide(), preview));
+        QCOMPARE(preview->lblNext->text(), QStringLiteral("Next: the end"));
+        platform->QueueAnswer(vbYes);
+        window->Session()->Console()->cmdEnd->click();
+        QTRY_VERIFY(!window->IsRunning());
+        QTRY_VERIFY(!window->findChild<QDockWidget*>(QStringLiteral("dckRunPreview")));
+    }
+
 private:
+    static QImage Mirror(ctlRun* console) { return console->imgMirror->pixmap().toImage(); }
+    static QImage Picture(QLabel* label) { return label->pixmap().toImage(); }
+    static QImage Scaled(RunEngine& engine, const Slide& slide, RunPreview* preview) {
+        return QPixmap::fromImage(engine.Renderer()
+                                      .Render(slide, engine.ScreenSize())
+                                      .scaled(preview->imgShowing->pixmap().size(),
+                                              Qt::IgnoreAspectRatio, Qt::SmoothTransformation))
+            .toImage();
+    }
+
     void Open() {
         StartUp start;
         start.databasePath = db->Path();
