@@ -12,6 +12,7 @@
 
 #include <QAction>
 #include <QActionGroup>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
 #include <QStackedWidget>
@@ -43,9 +44,11 @@ MainWindow::MainWindow(const StartUp& startUp, QWidget* parent)
                                                 "data. Sample mode is turned off in Options."));
     ShowPage(PageForStartupTab(startUp.startupTab));
     setGeometry(OpeningGeometry());
+    qApp->installEventFilter(this);
 }
 
 MainWindow::~MainWindow() {
+    qApp->removeEventFilter(this);
     if (m_session)
         m_session->End();
 }

@@ -7,6 +7,7 @@
 
 #include <functional>
 
+class HelpWindow;
 class HostPage;
 class OptionsPage;
 class QAction;
@@ -62,6 +63,10 @@ public:
     // ---- Help (MainWindow_Menus.cpp) -------------------------------------------
     void ShowAbout();
     static QString AboutText();
+    // Opens the user guide at the page (HelpWindow's names); an empty name
+    // chooses the page of what the user is doing: running, or planning.
+    void ShowHelp(const QString& strPage = QString());
+    HelpWindow* Help() const { return m_help; }
 
     ServicesPage* pgServices;
     ServiceItemsPage* pgServiceItems;
@@ -86,6 +91,8 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    // F1 sent as a key stroke by a control (the gallery's "?") opens the help.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void CreatePages();
@@ -108,4 +115,5 @@ private:
     QList<HostPage*> m_pages;
     QPointer<RunSession> m_session;
     QWidget* m_pageBeforeRun = nullptr;
+    HelpWindow* m_help = nullptr;
 };

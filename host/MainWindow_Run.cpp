@@ -1,6 +1,7 @@
 #include "MainWindow.h"
 
 #include "DataAccess.h"
+#include "HelpWindow.h"
 #include "HostPage.h"
 #include "ProjectorWindow.h"
 #include "RunPreview.h"
@@ -57,6 +58,9 @@ bool MainWindow::StartSession(const std::function<bool(RunSession&, QString&)>& 
     connect(session, &RunSession::Ended, this,
             [this] { ErrorReport::Guard([this] { Session_Ended(); }); });
     ShowRunPreview(*session);
+    // The console's "?" opens the guide at running a service.
+    connect(session->Console(), &ctlRun::ShowPropButtonClicked, this,
+            [this] { ErrorReport::Guard([this] { ShowHelp(HelpWindow::RunningPage()); }); });
     if (!session->Projector()->Placement().fullScreen)
         statusBar()->showMessage(
             QStringLiteral("No second screen was found: the congregation's picture shows in a "

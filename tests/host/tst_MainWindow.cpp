@@ -3,6 +3,7 @@
 #include "DataAccess.h"
 #include "EditorSlot.h"
 #include "EventPanel.h"
+#include "HelpWindow.h"
 #include "HostPage.h"
 #include "MainWindow.h"
 #include "ProjectorWindow.h"
@@ -13,6 +14,7 @@
 #include "ServicesPage.h"
 #include "TestDatabase.h"
 
+#include "foundations/SSRibbon.h"
 #include "foundations/VBTreeWidget.h"
 #include "galleries/ctlServiceItemGallery.h"
 #include "run/ctlRun.h"
@@ -24,6 +26,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QStackedWidget>
+#include <QTextBrowser>
 #include <QToolBar>
 #include <QTreeWidget>
 #include <QtTest>
@@ -58,6 +61,10 @@ private slots:
     void operatorKeysReachTheRunWhereverTheFocusIsInTheConsole();
     void typingInTheConsolesFilterBoxStaysTyping();
     void escBlacksOutFirstAndTheRunEndsOnlyOnYes();
+    void helpMenuOpensEachPageOfTheGuide();
+    void f1SentByAControlOpensTheGuide();
+    void questionMarkOfTheConsoleOpensTheGuideAtRunning();
+    void propertiesButtonOfTheGalleryShowsTheSelectedItem();
 
 private:
     StartUp Start() const {
@@ -395,6 +402,64 @@ void tst_MainWindow::escBlacksOutFirstAndTheRunEndsOnlyOnYes() {
     console->cmdEnd->click();
     QTRY_VERIFY(!window->IsRunning());
     QCOMPARE(platform->BoxCount(), 3);
+}
+
+void tst_MainWindow::helpMenuOpensEachPageOfTheGuide() {
+    const QList<QPair<QString, QString>> entries = {
+        // F1's entry opens the page of what the user is doing: planning here.
+        {QStringLiteral("mnuHelpContents"), QStringLiteral("planning.html")},
+        {QStringLiteral("mnuHelpPlanning"), QStringLiteral("planning.html")},
+        {QStringLiteral("mnuHelpRunning"), QStringLiteral("running.html")},
+        {QStringLiteral("mnuHelpKeys"), QStringLiteral("keys.html")}};
+    QCOMPARE(window->findChild<QAction*>(QStringLiteral("mnuHelpContents"))->shortcut(),
+             QKeySequence(Qt::Key_F1));
+    for (const auto& entry : entries) {
+        window->findChild<QAction*>(entry.first)->trigger();
+        QVERIFY(window->Help());
+        QVERIFY(window->Help()->isVisible());
+        QCOMPARE(window->Help()->windowTitle(), QStringLiteral("Corvantis Help"));
+        QCOMPARE(window->Help()->CurrentPage(), entry.second);
+        QVERIFY2(window->Help()->txtHelp->toPlainText().size() > 200, qPrintable(entry.second));
+    }
+    QVERIFY(window->Help()->txtHelp->toPlainText().contains(QStringLiteral("Page Down")));
+    // Every page links back to the contents, and the contents to every page.
+    window->Help()->ShowPage(HelpWindow::ContentsPage());
+    const QString contents = window->Help()->txtHelp->toHtml();
+    for (const QString& page : HelpWindow::Pages().mid(1))
+        QVERIFY2(contents.contains(page), qPrintable(page));
+}
+
+void tst_MainWindow::f1SentByAControlOpensTheGuide() {
+    window->pgServices->lvwServices->setFocus();
+    // What a control's SendKeys("{F1}") does: an F1 key stroke to the focus.
+    QCoreApplication::postEvent(window->pgServices->lvwServices,
+                                new QKeyEvent(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier));
+    QTRY_VERIFY(window->Help() && window->Help()->isVisible());
+    QCOMPARE(window->Help()->CurrentPage(), QStringLiteral("planning.html"));
+}
+
+void tst_MainWindow::questionMarkOfTheConsoleOpensTheGuideAtRunning() {
+    QVERIFY(window->RunService(service));
+    window->Session()->Console()->cmdShowProperties->setValue(true);
+    QVERIFY(window->Help() && window->Help()->isVisible());
+    QCOMPARE(window->Help()->CurrentPage(), QStringLiteral("running.html"));
+    QVERIFY(window->IsRunning());
+}
+
+void tst_MainWindow::propertiesButtonOfTheGalleryShowsTheSelectedItem() {
+    QVERIFY(window->ShowPage(QStringLiteral("ServiceItems")));
+    auto* gallery = window->pgServiceItems->ctlServiceItemGallery1;
+    emit gallery->SIClicked(QString::number(prayer), QStringLiteral("Collect for Purity"),
+                            QString(), QString(), QStringLiteral("SI"));
+    auto* panel = window->pgServiceItems->findChild<EventPanel*>();
+    QVERIFY(panel);
+    panel->Show(QStringLiteral("something else"), {});
+    QCOMPARE(panel->Value(QStringLiteral("Description")), QString());
+    QAction* properties = gallery->findChild<QAction*>(QStringLiteral("btnProperties"));
+    QVERIFY(properties);
+    properties->setEnabled(true);
+    properties->trigger();
+    QCOMPARE(panel->Value(QStringLiteral("Description")), QStringLiteral("Collect for Purity"));
 }
 
 QTEST_MAIN(tst_MainWindow)
