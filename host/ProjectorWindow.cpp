@@ -1,6 +1,7 @@
 #include "ProjectorWindow.h"
 
 #include "RunEngine.h"
+#include "Settings.h"
 #include "foundations/ErrorReport.h"
 #include "foundations/Platform.h"
 
@@ -54,6 +55,8 @@ void ProjectorWindow::Place() {
     if (m_closing)
         return;
     m_placement = ProjectorPlacement::For(Platform::Current().MonitorRects());
+    if (!m_placement.fullScreen)
+        m_placement.geometry = RememberedPlace(m_placement.geometry);
     setWindowState(windowState() & ~Qt::WindowFullScreen);
     if (!windowHandle())
         create();
@@ -70,7 +73,38 @@ void ProjectorWindow::Place() {
     m_engine.SetScreenSize(size());
 }
 
+// With one screen the operator moves and sizes the window where it does not
+// cover the console; the next run opens it there again.
+QRect ProjectorWindow::RememberedPlace(const QRect& rcDefault) {
+    const QStringList parts =
+        Settings::GetPrivateProfileString(QStringLiteral("Window"), PlaceKey()).split(',');
+    if (parts.size() != 4)
+        return rcDefault;
+    QList<int> n;
+    for (const QString& part : parts)
+        n << part.trimmed().toInt();
+    const QRect rect(n.at(0), n.at(1), n.at(2), n.at(3));
+    for (QScreen* screen : QGuiApplication::screens())
+        if (rect.width() >= 160 && rect.height() >= 120 &&
+            screen->availableGeometry().contains(rect))
+            return rect;
+    return rcDefault;
+}
+
+void ProjectorWindow::RememberPlace() const {
+    if (m_placement.fullScreen || !isVisible() || isFullScreen() || isMinimized())
+        return;
+    const QRect rect = geometry();
+    Settings::WritePrivateProfileString(QStringLiteral("Window"), PlaceKey(),
+                                        QStringLiteral("%1,%2,%3,%4")
+                                            .arg(rect.x())
+                                            .arg(rect.y())
+                                            .arg(rect.width())
+                                            .arg(rect.height()));
+}
+
 void ProjectorWindow::CloseProjector() {
+    RememberPlace();
     m_closing = true;
     tmrBackground->stop();
     close();

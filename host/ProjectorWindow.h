@@ -23,7 +23,12 @@ public:
     // Places the window by the monitors that the platform reports, and shows it.
     void Place();
     const ProjectorPlacement& Placement() const { return m_placement; }
-    // Closes the window for good (the end of a run).
+    // With one screen: the place the window had when the last run ended, when
+    // it still lies on a screen, else rcDefault.
+    static QRect RememberedPlace(const QRect& rcDefault);
+    static QString PlaceKey() { return QStringLiteral("Projector"); }
+    // Closes the window for good (the end of a run), remembering its place
+    // when it is a window on the operator's one screen.
     void CloseProjector();
     // The picture as it shows now, at the window's size.
     QImage Picture() const;
@@ -46,6 +51,7 @@ private:
     void Engine_SlideChanged();
     void tmrBackground_Timeout();
     void PlaceLater();
+    void RememberPlace() const;
     QScreen* ScreenAt(const QRect& rect) const;
 
     RunEngine& m_engine;

@@ -12,6 +12,7 @@
 #include "ScriptedPlatform.h"
 #include "ServiceItemsPage.h"
 #include "ServicesPage.h"
+#include "Settings.h"
 #include "TestDatabase.h"
 
 #include "foundations/SSRibbon.h"
@@ -21,11 +22,13 @@
 
 #include <QAction>
 #include <QCheckBox>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QStackedWidget>
+#include <QStatusBar>
 #include <QTextBrowser>
 #include <QToolBar>
 #include <QTreeWidget>
@@ -65,6 +68,7 @@ private slots:
     void f1SentByAControlOpensTheGuide();
     void questionMarkOfTheConsoleOpensTheGuideAtRunning();
     void propertiesButtonOfTheGalleryShowsTheSelectedItem();
+    void oneScreenSaysSoAndTheProjectorWindowKeepsItsPlace();
 
 private:
     StartUp Start() const {
@@ -460,6 +464,24 @@ void tst_MainWindow::propertiesButtonOfTheGalleryShowsTheSelectedItem() {
     properties->setEnabled(true);
     properties->trigger();
     QCOMPARE(panel->Value(QStringLiteral("Description")), QStringLiteral("Collect for Purity"));
+}
+
+void tst_MainWindow::oneScreenSaysSoAndTheProjectorWindowKeepsItsPlace() {
+    QCOMPARE(QGuiApplication::screens().size(), 1);
+    Settings::DeletePrivateProfileKey(QStringLiteral("Window"), ProjectorWindow::PlaceKey());
+    QVERIFY(window->RunService(service));
+    QVERIFY(window->statusBar()->currentMessage().startsWith(
+        QStringLiteral("No second screen was found")));
+    ProjectorWindow* projector = window->Session()->Projector();
+    const QRect moved(20, 30, 400, 300);
+    projector->setGeometry(moved);
+    QTRY_COMPARE(projector->geometry(), moved);
+    platform->QueueAnswer(vbYes);
+    window->Session()->Console()->cmdEnd->click();
+    QTRY_VERIFY(!window->IsRunning());
+    QVERIFY(window->statusBar()->currentMessage().isEmpty());
+    QVERIFY(window->RunService(service));
+    QTRY_COMPARE(window->Session()->Projector()->geometry(), moved);
 }
 
 QTEST_MAIN(tst_MainWindow)
