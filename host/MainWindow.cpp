@@ -40,8 +40,8 @@ MainWindow::MainWindow(const StartUp& startUp, QWidget* parent)
         statusBar()->showMessage(QStringLiteral("Your database could not be opened; Corvantis "
                                                 "shows its sample database instead."));
     else if (startUp.firstStart)
-        statusBar()->showMessage(QStringLiteral("Welcome to Corvantis: this is a sample church's "
-                                                "data. Sample mode is turned off in Options."));
+        statusBar()->showMessage(QStringLiteral("Welcome to Corvantis: what you see is a sample "
+                                                "church's services and songs, to try things out."));
     ShowPage(PageForStartupTab(startUp.startupTab));
     setGeometry(OpeningGeometry());
     qApp->installEventFilter(this);

@@ -5,7 +5,9 @@
 #include "EventPanel.h"
 #include "HelpWindow.h"
 #include "HostPage.h"
+#include "HostText.h"
 #include "MainWindow.h"
+#include "OptionsPage.h"
 #include "ProjectorWindow.h"
 #include "RecordList.h"
 #include "RunSession.h"
@@ -13,6 +15,7 @@
 #include "ServiceItemsPage.h"
 #include "ServicesPage.h"
 #include "Settings.h"
+#include "TemplatesPage.h"
 #include "TestDatabase.h"
 
 #include "foundations/SSRibbon.h"
@@ -69,6 +72,7 @@ private slots:
     void questionMarkOfTheConsoleOpensTheGuideAtRunning();
     void propertiesButtonOfTheGalleryShowsTheSelectedItem();
     void oneScreenSaysSoAndTheProjectorWindowKeepsItsPlace();
+    void pagesWriteWordsAndFourDigitYearsNotFieldNames();
 
 private:
     StartUp Start() const {
@@ -155,8 +159,8 @@ void tst_MainWindow::servicesPageListsTheServicesAndShowsTheClickedOne() {
     auto* panel = qobject_cast<EventPanel*>(window->pgServices->Editor()->Current());
     QVERIFY(panel);
     QCOMPARE(panel->Caption(), QStringLiteral("Morning Worship"));
-    QCOMPARE(panel->Value(QStringLiteral("Row 1")), QStringLiteral("Be Thou My Vision"));
-    QCOMPARE(panel->Value(QStringLiteral("Row 2")), QStringLiteral("Collect for Purity"));
+    QCOMPARE(panel->Value(QStringLiteral("Item 1")), QStringLiteral("Be Thou My Vision"));
+    QCOMPARE(panel->Value(QStringLiteral("Item 2")), QStringLiteral("Collect for Purity"));
     QVERIFY(window->pgServices->cmdRunService->isEnabled());
 }
 
@@ -482,6 +486,37 @@ void tst_MainWindow::oneScreenSaysSoAndTheProjectorWindowKeepsItsPlace() {
     QVERIFY(window->statusBar()->currentMessage().isEmpty());
     QVERIFY(window->RunService(service));
     QTRY_COMPARE(window->Session()->Projector()->geometry(), moved);
+}
+
+void tst_MainWindow::pagesWriteWordsAndFourDigitYearsNotFieldNames() {
+    QCOMPARE(HostText::Date(QDate(2026, 11, 23)).count(QStringLiteral("2026")), 1);
+    QVERIFY(!HostText::Date(QDate(2026, 11, 23)).contains(QStringLiteral("202626")));
+    QVERIFY(db->Exec(QStringLiteral("UPDATE Services SET ServiceDateLastDelivered = "
+                                    "'2025-03-09 00:00:00' WHERE ServiceID = ?"),
+                     {service}));
+    window->pgServices->SelectService(service);
+    auto* services = window->pgServices->findChild<EventPanel*>();
+    QVERIFY(services);
+    QCOMPARE(services->Value(QStringLiteral("Date Last Delivered")),
+             HostText::Date(QDate(2025, 3, 9)));
+    QVERIFY(
+        services->Value(QStringLiteral("Date Last Delivered")).contains(QStringLiteral("2025")));
+    QVERIFY(window->ShowPage(QStringLiteral("Options")));
+    auto* options = window->pgOptions->findChild<EventPanel*>();
+    QVERIFY(options);
+    QStringList names;
+    for (int i = 0; i < options->lvwDetails->topLevelItemCount(); ++i)
+        names << options->lvwDetails->topLevelItem(i)->text(0);
+    QVERIFY(names.contains(QStringLiteral("Sample mode")));
+    QVERIFY(names.contains(QStringLiteral("Start-up page")));
+    for (const char* raw : {"IsSampleMode", "StartupTab", "ShowTips", "UseTransitions"})
+        QVERIFY2(!names.contains(QLatin1String(raw)), raw);
+    QVERIFY(window->ShowPage(QStringLiteral("Templates")));
+    QStringList headers;
+    QTreeWidgetItem* header = window->pgTemplates->lvwTemplates->headerItem();
+    for (int i = 0; i < header->columnCount(); ++i)
+        headers << header->text(i);
+    QCOMPARE(headers, QStringList({"Description", "Occasion", "Created By"}));
 }
 
 QTEST_MAIN(tst_MainWindow)
