@@ -11,6 +11,7 @@
 #include "run/ctlRun.h"
 
 #include <QDockWidget>
+#include <QScreen>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QToolBar>
@@ -61,10 +62,15 @@ bool MainWindow::StartSession(const std::function<bool(RunSession&, QString&)>& 
     // The console's "?" opens the guide at running a service.
     connect(session->Console(), &ctlRun::ShowPropButtonClicked, this,
             [this] { ErrorReport::Guard([this] { ShowHelp(HelpWindow::RunningPage()); }); });
-    if (!session->Projector()->Placement().fullScreen)
-        statusBar()->showMessage(
-            QStringLiteral("No second screen was found: the congregation's picture shows in a "
-                           "window of its own, which you can move and size."));
+    if (!session->Projector()->Placement().fullScreen) {
+        // One screen: the congregation's window goes where it covers none of
+        // the console's buttons, until the operator puts it somewhere else.
+        if (!ProjectorWindow::HasRememberedPlace() && screen())
+            session->Projector()->setGeometry(
+                ProjectorPlacement::OutOfTheWay(screen()->availableGeometry()));
+        statusBar()->showMessage(QStringLiteral(
+            "No second screen was found: the slides show in a window of their own."));
+    }
     UpdateRunActions();
     return true;
 }

@@ -91,6 +91,11 @@ QRect ProjectorWindow::RememberedPlace(const QRect& rcDefault) {
     return rcDefault;
 }
 
+bool ProjectorWindow::HasRememberedPlace() {
+    const QRect none(-1, -1, 1, 1);
+    return RememberedPlace(none) != none;
+}
+
 void ProjectorWindow::RememberPlace() const {
     if (m_placement.fullScreen || !isVisible() || isFullScreen() || isMinimized())
         return;

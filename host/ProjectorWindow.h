@@ -26,6 +26,7 @@ public:
     // With one screen: the place the window had when the last run ended, when
     // it still lies on a screen, else rcDefault.
     static QRect RememberedPlace(const QRect& rcDefault);
+    static bool HasRememberedPlace();
     static QString PlaceKey() { return QStringLiteral("Projector"); }
     // Closes the window for good (the end of a run), remembering its place
     // when it is a window on the operator's one screen.

@@ -477,6 +477,10 @@ void tst_MainWindow::oneScreenSaysSoAndTheProjectorWindowKeepsItsPlace() {
     QVERIFY(window->statusBar()->currentMessage().startsWith(
         QStringLiteral("No second screen was found")));
     ProjectorWindow* projector = window->Session()->Projector();
+    // Out of the console's way: the bottom right corner of the screen.
+    const QRect corner = ProjectorPlacement::OutOfTheWay(window->screen()->availableGeometry());
+    QTRY_COMPARE(projector->geometry(), corner);
+    QVERIFY(corner.width() < window->screen()->availableGeometry().width() / 2);
     const QRect moved(20, 30, 400, 300);
     projector->setGeometry(moved);
     QTRY_COMPARE(projector->geometry(), moved);
