@@ -65,7 +65,9 @@ void ProjectorWindow::Place() {
     setGeometry(m_placement.geometry);
     if (m_placement.fullScreen) {
         setCursor(Qt::BlankCursor); // no pointer in front of the congregation
-        showFullScreen();
+        // Full screen without showFullScreen(), which would ask for the focus.
+        setWindowState((windowState() & ~Qt::WindowMinimized) | Qt::WindowFullScreen);
+        show();
     } else {
         unsetCursor();
         showNormal();
