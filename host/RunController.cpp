@@ -6,6 +6,7 @@
 #include "foundations/TraceLine.h"
 #include "run/ctlRun.h"
 
+#include <QScopeGuard>
 #include <QTimer>
 
 RunController::RunController(RunEngine& engine, ctlRun* console, QObject* parent)
@@ -184,6 +185,7 @@ bool RunController::ConfirmEnd() {
     if (m_confirmingEnd)
         return false;
     m_confirmingEnd = true;
+    const auto done = qScopeGuard([this] { m_confirmingEnd = false; });
     bool ended = false;
     if (m_console) {
         ended = m_console->CanUnload();
@@ -192,7 +194,6 @@ bool RunController::ConfirmEnd() {
         emit RunEndRequested();
         ended = true;
     }
-    m_confirmingEnd = false;
     return ended;
 }
 

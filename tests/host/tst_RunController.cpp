@@ -34,6 +34,7 @@ class tst_RunController : public QObject {
 private slots:
     void init();
     void cleanup();
+    void withoutAConsoleEscBlacksOutAndTheHostAsksBeforeTheEnd();
 
     void runStartTurnsTheProjectorOnAndShowsTheFirstItem();
     void showNextClickedMovesThePartAndCallsSIPartChanged();
@@ -489,6 +490,24 @@ void tst_RunController::consoleFollowsAsTheTestHostWouldHaveIt() {
         other.cmdBack->click();
         compare(QStringLiteral("back %1").arg(i + 1));
     }
+}
+
+void tst_RunController::withoutAConsoleEscBlacksOutAndTheHostAsksBeforeTheEnd() {
+    RunController alone(*engine, nullptr);
+    QSignalSpy endRequested(&alone, &RunController::RunEndRequested);
+    QString err;
+    QVERIFY(engine->LoadService(service, err));
+    alone.OperatorAction(OperatorKeys::Action::End);
+    QVERIFY(engine->IsBlackedOut());
+    QCOMPARE(platform->BoxCount(), 0);
+    platform->QueueAnswer(vbNo);
+    alone.OperatorAction(OperatorKeys::Action::End);
+    QCOMPARE(endRequested.count(), 0);
+    QCOMPARE(platform->LastBox().Prompt, QStringLiteral("Do you want to stop running this item?"));
+    QCOMPARE(platform->LastBox().Buttons, vbYesNo | vbQuestion | vbDefaultButton2);
+    platform->QueueAnswer(vbYes);
+    alone.OperatorAction(OperatorKeys::Action::End);
+    QCOMPARE(endRequested.count(), 1);
 }
 
 QTEST_MAIN(tst_RunController)
