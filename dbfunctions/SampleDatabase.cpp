@@ -110,6 +110,18 @@ private:
         return true;
     }
 
+    // A hymn's words as one text, as they are typed: the verses in order with
+    // a blank line between them, the chorus once after the first verse.
+    static QString Words(const SampleContent::Hymn& hymn) {
+        QStringList parts;
+        for (qsizetype i = 0; i < hymn.verses.size(); ++i) {
+            parts << hymn.verses.at(i);
+            if (i == 0 && !hymn.chorus.isEmpty())
+                parts << hymn.chorus;
+        }
+        return parts.join(QStringLiteral("\n\n"));
+    }
+
     bool Hymn(const SampleContent::Hymn& hymn) {
         qint32 id = 0;
         const QString title = P::ToStored(hymn.title);
@@ -118,6 +130,10 @@ private:
             return false;
         da().SaveServiceItemGeneral(17, id, title, hymn.author, QString(), hymn.key,
                                     QStringLiteral("Public domain"), QString(), hymn.tune, m_error);
+        // The whole words stand in the content as well, as the editor keeps
+        // a song typed by hand, so that the quick filter finds a song by them.
+        if (Ok())
+            da().SaveServiceItemContent(id, 17, P::ToStored(Words(hymn)), QString(), m_error);
         QList<qint32> verses;
         for (int i = 0; Ok() && i < hymn.verses.size(); ++i) {
             qint32 verse = 0;

@@ -7,6 +7,7 @@
 #include "foundations/GuardedApplication.h"
 #include "foundations/Platform.h"
 
+#include <QTemporaryDir>
 #include <QTextStream>
 
 #ifndef CORVANTIS_VERSION
@@ -15,9 +16,11 @@
 
 int CorvantisMain(int argc, char* argv[]) {
     const CommandLine line = CommandLine::Parse(argc, argv);
-    // Screenshots are drawn without a display.
+    // Screenshots are drawn without a display, on a console's screen and a
+    // projector's.
+    QTemporaryDir screens;
     if (line.IsScreenshot() && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+        Screenshot::SelectTwoScreens(screens);
     GuardedApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Corvantis"));
     QApplication::setApplicationVersion(QStringLiteral(CORVANTIS_VERSION));

@@ -8,9 +8,11 @@
 #include "ShortListsPage.h"
 #include "TemplatesPage.h"
 #include "foundations/ErrorReport.h"
+#include "foundations/Platform.h"
 
 #include <QAction>
 #include <QActionGroup>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
 #include <QStackedWidget>
@@ -21,7 +23,8 @@ MainWindow::MainWindow(const StartUp& startUp, QWidget* parent)
     : QMainWindow(parent), m_startUp(startUp) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(startUp.WindowTitle());
-    resize(1100, 720);
+    // Every box and dialog opens over this window, on the console's screen.
+    Platform::SetDialogOwner(this);
     stkPages = new QStackedWidget(this);
     stkPages->setObjectName(QStringLiteral("stkPages"));
     setCentralWidget(stkPages);
@@ -37,12 +40,15 @@ MainWindow::MainWindow(const StartUp& startUp, QWidget* parent)
         statusBar()->showMessage(QStringLiteral("Your database could not be opened; Corvantis "
                                                 "shows its sample database instead."));
     else if (startUp.firstStart)
-        statusBar()->showMessage(QStringLiteral("Welcome to Corvantis: this is a sample church's "
-                                                "data. Sample mode is turned off in Options."));
+        statusBar()->showMessage(QStringLiteral("Welcome to Corvantis: what you see is a sample "
+                                                "church's services and songs, to try things out."));
     ShowPage(PageForStartupTab(startUp.startupTab));
+    setGeometry(OpeningGeometry());
+    qApp->installEventFilter(this);
 }
 
 MainWindow::~MainWindow() {
+    qApp->removeEventFilter(this);
     if (m_session)
         m_session->End();
 }
@@ -147,6 +153,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
             event->ignore();
             return;
         }
+        SaveGeometry();
         event->accept();
     });
 }

@@ -7,10 +7,13 @@
 
 #include <functional>
 
+class HelpWindow;
 class HostPage;
 class OptionsPage;
 class QAction;
 class QActionGroup;
+class QDockWidget;
+class RunPreview;
 class QMenu;
 class QStackedWidget;
 class QToolBar;
@@ -48,9 +51,22 @@ public:
     // Ends the run in progress, as the console's End does.
     void EndRun();
 
+    // ---- Place on the screen (MainWindow_Place.cpp) -------------------------------
+    // The size and place the window opens at: where it was last closed, when
+    // that still lies on a screen, else a size that fits the console's screen
+    // (the primary), centred on it.
+    QRect OpeningGeometry() const;
+    // Remembers the window's size and place in Corvantis.ini.
+    void SaveGeometry() const;
+    static QString GeometryKey() { return QStringLiteral("MainWindow"); }
+
     // ---- Help (MainWindow_Menus.cpp) -------------------------------------------
     void ShowAbout();
     static QString AboutText();
+    // Opens the user guide at the page (HelpWindow's names); an empty name
+    // chooses the page of what the user is doing: running, or planning.
+    void ShowHelp(const QString& strPage = QString());
+    HelpWindow* Help() const { return m_help; }
 
     ServicesPage* pgServices;
     ServiceItemsPage* pgServiceItems;
@@ -68,9 +84,15 @@ public:
     QAction* mnuRunSelectedService = nullptr;
     QAction* mnuRunSelectedServiceItem = nullptr;
     QAction* mnuEndRun = nullptr;
+    QAction* mnuViewNavigationBar = nullptr;
+    // Beside the console during a run: the picture showing and the next one.
+    QDockWidget* dckRunPreview = nullptr;
+    RunPreview* ctlRunPreview = nullptr;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    // F1 sent as a key stroke by a control (the gallery's "?") opens the help.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void CreatePages();
@@ -86,10 +108,12 @@ private:
     void UpdateRunActions();
     bool StartSession(const std::function<bool(RunSession&, QString&)>& start);
     void Session_Ended();
+    void ShowRunPreview(RunSession& session);
     void ShowRunFailure(const QString& strErrorMessage);
 
     StartUp m_startUp;
     QList<HostPage*> m_pages;
     QPointer<RunSession> m_session;
     QWidget* m_pageBeforeRun = nullptr;
+    HelpWindow* m_help = nullptr;
 };

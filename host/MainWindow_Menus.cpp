@@ -1,6 +1,8 @@
 #include "MainWindow.h"
 
 #include "DataAccess.h"
+#include "HelpWindow.h"
+#include "HostPage.h"
 #include "RunSession.h"
 #include "ServiceItemsPage.h"
 #include "ServicesPage.h"
@@ -11,6 +13,7 @@
 #include <QAction>
 #include <QActionGroup>
 #include <QApplication>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
 #include <QToolBar>
@@ -53,6 +56,12 @@ void MainWindow::CreateViewMenu() {
                      navigation->text());
         onTriggered(action, this, [navigation] { navigation->trigger(); });
     }
+    // The bar can be hidden from its context menu; here it comes back.
+    mnuView->addSeparator();
+    mnuViewNavigationBar = tbrNavigation->toggleViewAction();
+    mnuViewNavigationBar->setObjectName(QStringLiteral("mnuViewNavigationBar"));
+    mnuViewNavigationBar->setText(QStringLiteral("&Navigation Bar"));
+    mnuView->addAction(mnuViewNavigationBar);
 }
 
 void MainWindow::CreateRunMenu() {
@@ -83,6 +92,20 @@ void MainWindow::CreateRunMenu() {
 void MainWindow::CreateHelpMenu() {
     mnuHelp = menuBar()->addMenu(QStringLiteral("&Help"));
     mnuHelp->setObjectName(QStringLiteral("mnuHelp"));
+    QAction* contents =
+        addNamed(mnuHelp, QStringLiteral("mnuHelpContents"), QStringLiteral("Corvantis &Help"));
+    contents->setShortcut(QKeySequence::HelpContents);
+    onTriggered(contents, this, [this] { ShowHelp(); });
+    const QList<QPair<QString, QString>> pages = {
+        {QStringLiteral("Planning"), QStringLiteral("&Planning a Service")},
+        {QStringLiteral("Running"), QStringLiteral("&Running a Service")},
+        {QStringLiteral("Keys"), QStringLiteral("&Keys")}};
+    for (const auto& page : pages) {
+        const QString file = page.first.toLower() + QStringLiteral(".html");
+        onTriggered(addNamed(mnuHelp, QStringLiteral("mnuHelp") + page.first, page.second), this,
+                    [this, file] { ShowHelp(file); });
+    }
+    mnuHelp->addSeparator();
     QAction* about =
         addNamed(mnuHelp, QStringLiteral("mnuHelpAbout"), QStringLiteral("&About Corvantis"));
     onTriggered(about, this, [this] { ShowAbout(); });
@@ -137,6 +160,29 @@ QString MainWindow::AboutText() {
                "Corvantis %1\n\nPlans services of worship and runs them on a projector.\n\n"
                "Database: %2")
         .arg(QCoreApplication::applicationVersion(), DataAccess::Instance().DatabasePath());
+}
+
+void MainWindow::ShowHelp(const QString& strPage) {
+    QString page = strPage;
+    if (page.isEmpty())
+        page = IsRunning() ? HelpWindow::RunningPage()
+               : CurrentPage() && CurrentPage()->Name() != QLatin1String("Options")
+                   ? HelpWindow::PlanningPage()
+                   : HelpWindow::ContentsPage();
+    if (!m_help)
+        m_help = new HelpWindow(this);
+    m_help->ShowPage(page);
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress || static_cast<QKeyEvent*>(event)->key() != Qt::Key_F1 ||
+        static_cast<QKeyEvent*>(event)->modifiers() != Qt::NoModifier)
+        return QMainWindow::eventFilter(watched, event);
+    auto* widget = qobject_cast<QWidget*>(watched);
+    if (!widget || widget->window() != this)
+        return false;
+    ErrorReport::Guard([this] { ShowHelp(); });
+    return true;
 }
 
 void MainWindow::ShowAbout() {

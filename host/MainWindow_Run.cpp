@@ -1,13 +1,19 @@
 #include "MainWindow.h"
 
 #include "DataAccess.h"
+#include "HelpWindow.h"
 #include "HostPage.h"
+#include "ProjectorWindow.h"
+#include "RunPreview.h"
 #include "RunSession.h"
 #include "foundations/ErrorReport.h"
 #include "foundations/Platform.h"
 #include "run/ctlRun.h"
 
+#include <QDockWidget>
+#include <QScreen>
 #include <QStackedWidget>
+#include <QStatusBar>
 #include <QToolBar>
 
 RunSession* MainWindow::Session() const {
@@ -52,6 +58,19 @@ bool MainWindow::StartSession(const std::function<bool(RunSession&, QString&)>& 
     stkPages->setCurrentWidget(session->Console());
     connect(session, &RunSession::Ended, this,
             [this] { ErrorReport::Guard([this] { Session_Ended(); }); });
+    ShowRunPreview(*session);
+    // The console's "?" opens the guide at running a service.
+    connect(session->Console(), &ctlRun::ShowPropButtonClicked, this,
+            [this] { ErrorReport::Guard([this] { ShowHelp(HelpWindow::RunningPage()); }); });
+    if (!session->Projector()->Placement().fullScreen) {
+        // One screen: the congregation's window goes where it covers none of
+        // the console's buttons, until the operator puts it somewhere else.
+        if (!ProjectorWindow::HasRememberedPlace() && screen())
+            session->Projector()->setGeometry(
+                ProjectorPlacement::OutOfTheWay(screen()->availableGeometry()));
+        statusBar()->showMessage(QStringLiteral(
+            "No second screen was found: the slides show in a window of their own."));
+    }
     UpdateRunActions();
     return true;
 }
@@ -69,10 +88,29 @@ void MainWindow::Session_Ended() {
             stkPages->removeWidget(session->Console());
         session->deleteLater();
     }
+    if (dckRunPreview) {
+        removeDockWidget(dckRunPreview);
+        dckRunPreview->deleteLater();
+        dckRunPreview = nullptr;
+        ctlRunPreview = nullptr;
+    }
+    statusBar()->clearMessage();
     if (m_pageBeforeRun)
         stkPages->setCurrentWidget(m_pageBeforeRun);
     m_pageBeforeRun = nullptr;
     UpdateRunActions();
+}
+
+void MainWindow::ShowRunPreview(RunSession& session) {
+    dckRunPreview = new QDockWidget(QStringLiteral("Projector"), this);
+    dckRunPreview->setObjectName(QStringLiteral("dckRunPreview"));
+    dckRunPreview->setFeatures(QDockWidget::NoDockWidgetFeatures);
+    ctlRunPreview = new RunPreview(session.Engine(), dckRunPreview);
+    dckRunPreview->setWidget(ctlRunPreview);
+    addDockWidget(Qt::RightDockWidgetArea, dckRunPreview);
+    // The projector's size is known once it is placed.
+    connect(session.Projector(), &ProjectorWindow::PictureShown, ctlRunPreview,
+            &RunPreview::Refresh);
 }
 
 void MainWindow::ShowRunFailure(const QString& strErrorMessage) {

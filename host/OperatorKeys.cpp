@@ -1,9 +1,12 @@
 #include "OperatorKeys.h"
 
-#include <QAbstractItemView>
+#include <QAbstractSpinBox>
+#include <QApplication>
+#include <QComboBox>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QTextEdit>
 
 namespace OperatorKeys {
@@ -35,11 +38,36 @@ Action ActionFor(const QKeyEvent& event) {
 
 } // namespace OperatorKeys
 
+OperatorKeyFilter::OperatorKeyFilter(QWidget* scope, QObject* parent)
+    : QObject(parent), m_scope(scope) {
+    qApp->installEventFilter(this);
+}
+
+OperatorKeyFilter::~OperatorKeyFilter() {
+    qApp->removeEventFilter(this);
+}
+
+namespace {
+
+bool TakesTyping(QObject* watched) {
+    if (qobject_cast<QLineEdit*>(watched) || qobject_cast<QTextEdit*>(watched) ||
+        qobject_cast<QPlainTextEdit*>(watched) || qobject_cast<QAbstractSpinBox*>(watched))
+        return true;
+    const auto* combo = qobject_cast<QComboBox*>(watched);
+    return combo && combo->isEditable();
+}
+
+} // namespace
+
 bool OperatorKeyFilter::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::KeyPress)
-        return QObject::eventFilter(watched, event);
-    // Typing into a text box stays typing.
-    if (qobject_cast<QLineEdit*>(watched) || qobject_cast<QTextEdit*>(watched))
+    if (event->type() != QEvent::KeyPress || !m_scope)
+        return false;
+    auto* widget = qobject_cast<QWidget*>(watched);
+    if (!widget || (widget != m_scope && !m_scope->isAncestorOf(widget)))
+        return false;
+    // Typing into a text box stays typing, also a key that the box passes on
+    // to its parents.
+    if (TakesTyping(watched) || TakesTyping(QApplication::focusWidget()))
         return false;
     const auto* key = static_cast<QKeyEvent*>(event);
     const OperatorKeys::Action action = OperatorKeys::ActionFor(*key);

@@ -2,12 +2,21 @@
 
 #include "DataAccess.h"
 #include "EventPanel.h"
+#include "HostText.h"
 #include "RunLook.h"
 #include "Settings.h"
 
 namespace {
 QString yesNo(bool value) {
-    return value ? QStringLiteral("True") : QStringLiteral("False");
+    return HostText::YesNo(value);
+}
+
+// A "True"/"False" setting as Yes or No; empty when it is not set.
+QString setting(const QString& strKey) {
+    const QString value = Settings::GetPrivateProfileString(QStringLiteral("Options"), strKey);
+    if (value.isEmpty())
+        return value;
+    return yesNo(value.compare(QStringLiteral("True"), Qt::CaseInsensitive) == 0);
 }
 } // namespace
 
@@ -20,11 +29,16 @@ void OptionsPage::Load() {
     const QString options = QStringLiteral("Options");
     EventPanel::Rows rows;
     rows.append({QStringLiteral("Settings file"), Settings::IniPath()});
-    for (const char* key : {"Owner", "StartupTab", "IsSampleMode", "ShowTips", "UseTransitions"})
-        rows.append({QString::fromLatin1(key),
-                     Settings::GetPrivateProfileString(options, QLatin1String(key))});
-    rows.append({QStringLiteral("Data"), Settings::GetPrivateProfileString(
-                                             QStringLiteral("Paths"), QStringLiteral("Data"))});
+    rows.append({QStringLiteral("Owner"),
+                 Settings::GetPrivateProfileString(options, QStringLiteral("Owner"))});
+    rows.append({QStringLiteral("Start-up page"),
+                 Settings::GetPrivateProfileString(options, QStringLiteral("StartupTab"))});
+    rows.append({QStringLiteral("Sample mode"), setting(QStringLiteral("IsSampleMode"))});
+    rows.append({QStringLiteral("Show Tips at start-up"), setting(QStringLiteral("ShowTips"))});
+    rows.append({QStringLiteral("Use Transitions"), setting(QStringLiteral("UseTransitions"))});
+    rows.append(
+        {QStringLiteral("Data folder"),
+         Settings::GetPrivateProfileString(QStringLiteral("Paths"), QStringLiteral("Data"))});
     rows.append({QStringLiteral("Database"), DataAccess::Instance().DatabasePath()});
     QString err;
     const RunLook look = RunLook::FromOptions(err);

@@ -20,3 +20,10 @@ ProjectorPlacement ProjectorPlacement::For(const QList<QRect>& monitors) {
     placement.geometry.moveCenter(screen.center());
     return placement;
 }
+
+QRect ProjectorPlacement::OutOfTheWay(const QRect& rcArea) {
+    const int width = qMax(240, rcArea.width() / 4);
+    QRect rect(0, 0, width, width * 3 / 4);
+    rect.moveBottomRight(rcArea.bottomRight());
+    return rect;
+}

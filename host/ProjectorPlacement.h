@@ -13,4 +13,8 @@ struct ProjectorPlacement {
 
     // monitors: the rectangles of the screens, the primary first.
     static ProjectorPlacement For(const QList<QRect>& monitors);
+    // With one screen and a console on it: a small 4:3 window (a quarter of
+    // the area's width) in the bottom right corner of the area, where the
+    // console keeps no buttons.
+    static QRect OutOfTheWay(const QRect& rcArea);
 };

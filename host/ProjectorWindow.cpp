@@ -1,6 +1,7 @@
 #include "ProjectorWindow.h"
 
 #include "RunEngine.h"
+#include "Settings.h"
 #include "foundations/ErrorReport.h"
 #include "foundations/Platform.h"
 
@@ -16,9 +17,11 @@ ProjectorWindow::ProjectorWindow(RunEngine& engine, QWidget* parent)
     setObjectName(Title());
     setWindowTitle(Title());
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setFocusPolicy(Qt::StrongFocus);
-    // The operator's keys stay with the console when the projector comes up.
+    // The keyboard stays with the console: the projector window neither takes
+    // the focus when it comes up nor when it is clicked.
+    setFocusPolicy(Qt::NoFocus);
     setAttribute(Qt::WA_ShowWithoutActivating);
+    setWindowFlag(Qt::WindowDoesNotAcceptFocus);
     tmrBackground->setObjectName(QStringLiteral("tmrBackground"));
     connect(tmrBackground, &QTimer::timeout, this,
             [this] { ErrorReport::Guard([this] { tmrBackground_Timeout(); }); });
@@ -52,6 +55,8 @@ void ProjectorWindow::Place() {
     if (m_closing)
         return;
     m_placement = ProjectorPlacement::For(Platform::Current().MonitorRects());
+    if (!m_placement.fullScreen)
+        m_placement.geometry = RememberedPlace(m_placement.geometry);
     setWindowState(windowState() & ~Qt::WindowFullScreen);
     if (!windowHandle())
         create();
@@ -60,7 +65,9 @@ void ProjectorWindow::Place() {
     setGeometry(m_placement.geometry);
     if (m_placement.fullScreen) {
         setCursor(Qt::BlankCursor); // no pointer in front of the congregation
-        showFullScreen();
+        // Full screen without showFullScreen(), which would ask for the focus.
+        setWindowState((windowState() & ~Qt::WindowMinimized) | Qt::WindowFullScreen);
+        show();
     } else {
         unsetCursor();
         showNormal();
@@ -68,7 +75,43 @@ void ProjectorWindow::Place() {
     m_engine.SetScreenSize(size());
 }
 
+// With one screen the operator moves and sizes the window where it does not
+// cover the console; the next run opens it there again.
+QRect ProjectorWindow::RememberedPlace(const QRect& rcDefault) {
+    const QStringList parts =
+        Settings::GetPrivateProfileString(QStringLiteral("Window"), PlaceKey()).split(',');
+    if (parts.size() != 4)
+        return rcDefault;
+    QList<int> n;
+    for (const QString& part : parts)
+        n << part.trimmed().toInt();
+    const QRect rect(n.at(0), n.at(1), n.at(2), n.at(3));
+    for (QScreen* screen : QGuiApplication::screens())
+        if (rect.width() >= 160 && rect.height() >= 120 &&
+            screen->availableGeometry().contains(rect))
+            return rect;
+    return rcDefault;
+}
+
+bool ProjectorWindow::HasRememberedPlace() {
+    const QRect none(-1, -1, 1, 1);
+    return RememberedPlace(none) != none;
+}
+
+void ProjectorWindow::RememberPlace() const {
+    if (m_placement.fullScreen || !isVisible() || isFullScreen() || isMinimized())
+        return;
+    const QRect rect = geometry();
+    Settings::WritePrivateProfileString(QStringLiteral("Window"), PlaceKey(),
+                                        QStringLiteral("%1,%2,%3,%4")
+                                            .arg(rect.x())
+                                            .arg(rect.y())
+                                            .arg(rect.width())
+                                            .arg(rect.height()));
+}
+
 void ProjectorWindow::CloseProjector() {
+    RememberPlace();
     m_closing = true;
     tmrBackground->stop();
     close();
@@ -86,6 +129,7 @@ void ProjectorWindow::Engine_SlideChanged() {
         tmrBackground->start(slide.changeBackgroundEverySeconds * 1000);
     else
         tmrBackground->stop();
+    m_pictureChanged = true;
     update();
 }
 
@@ -100,10 +144,19 @@ void ProjectorWindow::paintEvent(QPaintEvent*) {
         m_engine.Renderer().Paint(painter, rect(), m_engine.CurrentSlide(), m_engine.IsBlackedOut(),
                                   m_backgroundIndex);
     });
+    if (!m_pictureChanged)
+        return;
+    m_pictureChanged = false;
+    // Told once the painted picture has reached the screen, after this event.
+    QTimer::singleShot(0, this, [this] {
+        if (!m_closing)
+            emit PictureShown();
+    });
 }
 
 void ProjectorWindow::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
+    m_pictureChanged = true;
     ErrorReport::Guard([this] { m_engine.SetScreenSize(size()); });
 }
 

@@ -1,6 +1,7 @@
 #include "RecordList.h"
 
 #include "DataAccess.h"
+#include "HostText.h"
 #include "foundations/ErrorReport.h"
 #include "foundations/VBRuntime.h"
 
@@ -36,9 +37,7 @@ QString RecordList::Reload() {
         QStringList texts;
         for (const Column& column : m_columns) {
             const QVariant value = rs->Fields(column.field);
-            QString text = value.typeId() == QMetaType::QDateTime
-                               ? VB::ShortDate(value.toDateTime().date())
-                               : VB::Text(value);
+            QString text = HostText::Value(value);
             if (text.contains(QStringLiteral("@@"))) {
                 QString decodeErr, decoded;
                 DataAccess::Instance().DecodeStoredText(text, decodeErr, decoded);

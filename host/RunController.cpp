@@ -2,9 +2,11 @@
 
 #include "RunEngine.h"
 #include "foundations/ErrorReport.h"
+#include "foundations/Platform.h"
 #include "foundations/TraceLine.h"
 #include "run/ctlRun.h"
 
+#include <QScopeGuard>
 #include <QTimer>
 
 RunController::RunController(RunEngine& engine, ctlRun* console, QObject* parent)
@@ -18,40 +20,30 @@ RunController::RunController(RunEngine& engine, ctlRun* console, QObject* parent
     Connect();
 }
 
-// Where the run stands: the prop or the item, and the part.
-QString RunController::SlidePlace() const {
-    if (m_engine.AtEndOfService() && !m_engine.IsPropRunning())
-        return QStringLiteral("end");
-    return QStringLiteral("%1/%2/%3")
-        .arg(m_engine.IsPropRunning() ? m_engine.PropServiceItemID() : -1)
-        .arg(m_engine.CurrentItem())
-        .arg(m_engine.CurrentPart());
-}
-
 void RunController::Engine_SlideChanged() {
-    const QString place = SlidePlace();
-    if (place == m_timedSlide && tmrAutoAdvance->isActive())
+    const RunEngine::SlideId showing = m_engine.CurrentSlideId();
+    if (showing == m_timedSlide && tmrAutoAdvance->isActive())
         return; // the same picture (blacked out, resized): its time runs on
-    m_timedSlide.clear();
+    m_timedSlide.reset();
     tmrAutoAdvance->stop();
     const Slide& slide = m_engine.CurrentSlide();
     if (m_engine.IsRunning() && slide.kind == Slide::Kind::Picture && slide.secondsToShow > 0) {
-        m_timedSlide = place;
+        m_timedSlide = showing;
         tmrAutoAdvance->start(slide.secondsToShow * 1000);
     }
 }
 
 void RunController::tmrAutoAdvance_Timer() {
     tmrAutoAdvance->stop();
-    const bool stillShowing = !m_timedSlide.isEmpty() && SlidePlace() == m_timedSlide;
-    m_timedSlide.clear();
+    const bool stillShowing = m_timedSlide == m_engine.CurrentSlideId();
+    m_timedSlide.reset();
     if (stillShowing && m_engine.IsRunning())
         OperatorAction(OperatorKeys::Action::Forward);
 }
 
 void RunController::RunStarted() {
     // The projector is on: the console's check box says so.
-    TurnOnProjector();
+    ctlRun1_TurnOnProjector();
     if (m_engine.AtEndOfItem())
         TellEndOfItem();
 }
@@ -92,8 +84,9 @@ void RunController::PropEnded() {
         TellItem();
 }
 
-void RunController::ShowNextClicked() {
-    switch (m_engine.Next()) {
+// Tells the console what a step of Forward or Back put up.
+void RunController::Step(RunEngine::Step step) {
+    switch (step) {
     case RunEngine::Step::Part:
         TellPart();
         break;
@@ -106,22 +99,17 @@ void RunController::ShowNextClicked() {
     }
 }
 
-void RunController::ShowPreviousClicked() {
-    switch (m_engine.Previous()) {
-    case RunEngine::Step::Part:
-        TellPart();
-        break;
-    case RunEngine::Step::Item:
-        TellItem();
-        break;
-    default:
-        break;
-    }
+void RunController::ctlRun1_ShowNextClicked() {
+    Step(m_engine.Next());
+}
+
+void RunController::ctlRun1_ShowPreviousClicked() {
+    Step(m_engine.Previous());
 }
 
 // A click on an item of the service, also while a prop runs, goes back into
 // the service at that item. The root (0) names no item.
-void RunController::ShowServiceSI(qint16 intIndex) {
+void RunController::ctlRun1_ShowServiceSI(qint16 intIndex) {
     if (intIndex < 1 || intIndex > m_engine.ItemCount())
         return;
     LeaveProp();
@@ -130,7 +118,7 @@ void RunController::ShowServiceSI(qint16 intIndex) {
 }
 
 // A part of the service's item, also while a prop runs (which then ends).
-void RunController::ShowVerse(qint16 intVerseIndex) {
+void RunController::ctlRun1_ShowVerse(qint16 intVerseIndex) {
     const bool leftProp = LeaveProp();
     if (!m_engine.JumpToPart(intVerseIndex))
         return;
@@ -149,19 +137,19 @@ bool RunController::LeaveProp() {
     return true;
 }
 
-void RunController::ShowPropVerse(qint16 intVerseIndex) {
+void RunController::ctlRun1_ShowPropVerse(qint16 intVerseIndex) {
     if (!m_engine.IsPropRunning())
         return;
     if (m_engine.JumpToPart(intVerseIndex))
         TellPart();
 }
 
-void RunController::ShowSI(qint32 lngSIID) {
+void RunController::ctlRun1_ShowSI(qint32 lngSIID) {
     QString err;
     const bool shown = m_engine.IsServiceRun() ? m_engine.StartProp(lngSIID, err)
                                                : m_engine.LoadItem(lngSIID, err);
     if (!shown) {
-        TraceLine::WithPrefix(QStringLiteral("Corvantis:RunController:ShowSI"))
+        TraceLine::WithPrefix(QStringLiteral("Corvantis:RunController:ctlRun1_ShowSI"))
             .Arg(QStringLiteral("lngSIID"), lngSIID)
             .Arg(QStringLiteral("strErrorMessage"), err)
             .Write();
@@ -178,20 +166,42 @@ void RunController::ShowSI(qint32 lngSIID) {
     });
 }
 
-void RunController::EndRun() {
+// End during a prop ends the prop. Outside a prop the run ends only once the
+// operator has said so: the console's question clicks End again on Yes, and
+// that second End, inside the question, ends the run.
+void RunController::ctlRun1_EndRun() {
     if (m_engine.IsPropRunning()) {
         m_engine.EndProp();
         PropEnded();
         return;
     }
-    emit RunEndRequested();
+    if (m_confirmingEnd)
+        emit RunEndRequested();
+    else
+        ConfirmEnd();
 }
 
-void RunController::TurnOnProjector() {
+bool RunController::ConfirmEnd() {
+    if (m_confirmingEnd)
+        return false;
+    m_confirmingEnd = true;
+    const auto done = qScopeGuard([this] { m_confirmingEnd = false; });
+    bool ended = false;
+    if (m_console) {
+        ended = m_console->CanUnload();
+    } else if (Platform::Current().MsgBox(QStringLiteral("Do you want to stop running this item?"),
+                                          vbYesNo | vbQuestion | vbDefaultButton2) == vbYes) {
+        emit RunEndRequested();
+        ended = true;
+    }
+    return ended;
+}
+
+void RunController::ctlRun1_TurnOnProjector() {
     SetProjectorOn(true);
 }
 
-void RunController::TurnOffProjector() {
+void RunController::ctlRun1_TurnOffProjector() {
     SetProjectorOn(false);
 }
 
@@ -209,13 +219,13 @@ void RunController::SetProjectorOn(bool blnOn) {
     m_inProjectorCall = false;
 }
 
-void RunController::IncreaseSize() {
+void RunController::ctlRun1_IncreaseSize() {
     m_engine.IncreaseSize();
     if (m_console)
         m_console->JustIncreasedSize();
 }
 
-void RunController::DecreaseSize() {
+void RunController::ctlRun1_DecreaseSize() {
     m_engine.DecreaseSize();
     if (m_console)
         m_console->JustDecreasedSize();

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "OperatorKeys.h"
+#include "RunEngine.h"
 
 #include <QObject>
 
+#include <optional>
+
 class ctlRun;
 class QTimer;
-class RunEngine;
 
 // Answers the console's events. The console decides nothing: each press of
 // the operator comes here as an event; the controller moves the engine (and
@@ -37,20 +39,27 @@ public:
 
     // An operator key from the console or the projector window. With a
     // console the matching button is pressed, so that it follows every step.
+    // Esc outside a prop blacks the projector out first; from black it asks
+    // to end.
     void OperatorAction(OperatorKeys::Action action);
 
-    // ---- The console's events ------------------------------------------------
-    void ShowNextClicked();
-    void ShowPreviousClicked();
-    void ShowServiceSI(qint16 intIndex);
-    void ShowVerse(qint16 intVerseIndex);
-    void ShowPropVerse(qint16 intVerseIndex);
-    void ShowSI(qint32 lngSIID);
-    void EndRun();
-    void TurnOnProjector();
-    void TurnOffProjector();
-    void IncreaseSize();
-    void DecreaseSize();
+    // Asks before the run ends: the console's question (CanUnload), or the
+    // host's own where there is no console. On Yes the run ends (through the
+    // console's End, which comes back here). True when it ended.
+    bool ConfirmEnd();
+
+    // ---- The console's events (ctlRun1 is the console) ---------------------------
+    void ctlRun1_ShowNextClicked();
+    void ctlRun1_ShowPreviousClicked();
+    void ctlRun1_ShowServiceSI(qint16 intIndex);
+    void ctlRun1_ShowVerse(qint16 intVerseIndex);
+    void ctlRun1_ShowPropVerse(qint16 intVerseIndex);
+    void ctlRun1_ShowSI(qint32 lngSIID);
+    void ctlRun1_EndRun();
+    void ctlRun1_TurnOnProjector();
+    void ctlRun1_TurnOffProjector();
+    void ctlRun1_IncreaseSize();
+    void ctlRun1_DecreaseSize();
 
     // A picture with a display time goes on by itself when its time is up,
     // as if Forward had been pressed.
@@ -58,13 +67,13 @@ public:
     QTimer* tmrAutoAdvance;
 
 signals:
-    // The run is over (the console's End outside a prop, or Esc).
+    // The run is over: the operator confirmed the end.
     void RunEndRequested();
 
 private:
     void Connect();
     void Engine_SlideChanged();
-    QString SlidePlace() const;
+    void Step(RunEngine::Step step);
     void TellPart();
     void TellItem();
     void TellEndOfItem();
@@ -75,5 +84,6 @@ private:
     RunEngine& m_engine;
     ctlRun* m_console;
     bool m_inProjectorCall = false;
-    QString m_timedSlide; // which slide the auto-advance timer runs for
+    bool m_confirmingEnd = false;
+    std::optional<RunEngine::SlideId> m_timedSlide; // the slide the auto-advance timer runs for
 };

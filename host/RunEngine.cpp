@@ -1,6 +1,7 @@
 #include "RunEngine.h"
 
 #include "DataAccess.h"
+#include "ServiceRows.h"
 #include "SlideCutter.h"
 
 RunEngine::RunEngine(QObject* parent) : QObject(parent) {
@@ -10,15 +11,10 @@ RunEngine::RunEngine(QObject* parent) : QObject(parent) {
 void RunEngine::Reset() {
     m_running = false;
     m_serviceId = 0;
-    m_items.clear();
-    m_slides.clear();
+    m_tracks.clear();
     m_item = 0;
-    m_part = 0;
     m_atEnd = false;
-    m_prop = RunItem();
-    m_propSlides.clear();
-    m_propPart = 0;
-    m_propRunning = false;
+    m_prop.reset();
     m_blackedOut = false;
 }
 
@@ -34,25 +30,29 @@ void RunEngine::SetScreenSize(const QSize& size) {
     Recut();
 }
 
-QList<Slide> RunEngine::CutItem(const RunItem& item) const {
+// Cuts the track's item into slides, keeping its place as near as the new cut
+// allows.
+void RunEngine::CutTrack(Track& track) const {
     const SlideCutter cutter(m_renderer.Look(), [this](const QStringList& lines, int first) {
         return m_renderer.LinesThatFit(lines, first, m_screenSize);
     });
-    return cutter.Cut(item);
+    track.slides = cutter.Cut(track.item);
+    track.part = qBound(0, track.part, static_cast<int>(track.slides.size()) - 1);
 }
 
-// Cuts every item again (after a change of font, size or screen), keeping
-// the place as near as the new cut allows.
+RunEngine::Track RunEngine::MakeTrack(const RunItem& item) const {
+    Track track;
+    track.item = item;
+    CutTrack(track);
+    return track;
+}
+
+// Cuts every item again (after a change of font, size or screen).
 void RunEngine::Recut() {
-    m_slides.clear();
-    for (const RunItem& item : m_items)
-        m_slides << CutItem(item);
-    if (!m_slides.isEmpty())
-        m_part = qBound(0, m_part, static_cast<int>(m_slides.value(m_item).size()) - 1);
-    if (m_propRunning) {
-        m_propSlides = CutItem(m_prop);
-        m_propPart = qBound(0, m_propPart, static_cast<int>(m_propSlides.size()) - 1);
-    }
+    for (Track& track : m_tracks)
+        CutTrack(track);
+    if (m_prop)
+        CutTrack(*m_prop);
     m_endSlide = EndSlide();
 }
 
@@ -62,7 +62,7 @@ bool RunEngine::AddItem(qint32 lngServiceItemID) {
     // A row whose item is gone still holds its place: an empty slide, without
     // the failure's words on the projector.
     const bool loaded = RunItem::Load(lngServiceItemID, item, err);
-    m_items << item;
+    m_tracks << MakeTrack(item);
     return loaded;
 }
 
@@ -75,11 +75,10 @@ bool RunEngine::LoadService(qint32 lngServiceID, QString& strErrorMessage) {
         return false;
     m_serviceId = lngServiceID;
     for (rs->MoveFirst(); !rs->Eof(); rs->MoveNext())
-        if (rs->Fields(QStringLiteral("ShowAtRunTime")).toBool())
+        if (ServiceRows::ShownAtRunTime(*rs))
             AddItem(rs->Fields(QStringLiteral("ServiceItemID")).toInt());
-    Recut();
     m_running = true;
-    m_atEnd = m_items.isEmpty();
+    m_atEnd = m_tracks.isEmpty();
     emit SlideChanged();
     return true;
 }
@@ -89,28 +88,39 @@ bool RunEngine::LoadItem(qint32 lngServiceItemID, QString& strErrorMessage) {
     RunItem item;
     if (!RunItem::Load(lngServiceItemID, item, strErrorMessage))
         return false;
-    m_items << item;
-    Recut();
+    m_tracks << MakeTrack(item);
     m_running = true;
     emit SlideChanged();
     return true;
 }
 
 qint32 RunEngine::ItemServiceItemID(int index) const {
-    return index >= 0 && index < m_items.size() ? m_items.at(index).serviceItemId : 0;
+    return index >= 0 && index < m_tracks.size() ? m_tracks.at(index).item.serviceItemId : 0;
 }
 
 const QList<Slide>& RunEngine::ItemSlides(int index) const {
     static const QList<Slide> none;
-    return index >= 0 && index < m_slides.size() ? m_slides.at(index) : none;
+    return index >= 0 && index < m_tracks.size() ? m_tracks.at(index).slides : none;
+}
+
+RunEngine::Track* RunEngine::ActiveTrack() {
+    if (m_prop)
+        return &*m_prop;
+    return m_item < m_tracks.size() ? &m_tracks[m_item] : nullptr;
+}
+
+const RunEngine::Track* RunEngine::ActiveTrack() const {
+    return const_cast<RunEngine*>(this)->ActiveTrack();
 }
 
 int RunEngine::CurrentPart() const {
-    return m_propRunning ? m_propPart : m_part;
+    const Track* track = ActiveTrack();
+    return track ? track->part : 0;
 }
 
 int RunEngine::PartCount() const {
-    return static_cast<int>(m_propRunning ? m_propSlides.size() : ItemSlides(m_item).size());
+    const Track* track = ActiveTrack();
+    return track ? static_cast<int>(track->slides.size()) : 0;
 }
 
 bool RunEngine::AtEndOfItem() const {
@@ -126,9 +136,37 @@ Slide RunEngine::EndSlide() const {
 }
 
 const Slide& RunEngine::CurrentSlide() const {
-    if (m_propRunning && m_propPart < m_propSlides.size())
-        return m_propSlides.at(m_propPart);
-    if (m_atEnd || m_item >= m_slides.size() || m_part >= m_slides.at(m_item).size())
+    const Track* track = ActiveTrack();
+    if ((m_atEnd && !m_prop) || !track || track->part >= track->slides.size())
         return m_endSlide;
-    return m_slides.at(m_item).at(m_part);
+    return track->slides.at(track->part);
+}
+
+RunEngine::SlideId RunEngine::CurrentSlideId() const {
+    SlideId id;
+    id.propServiceItemId = PropServiceItemID();
+    id.atEnd = m_atEnd && !m_prop;
+    if (!id.atEnd) {
+        id.item = m_item;
+        id.part = CurrentPart();
+    }
+    return id;
+}
+
+const Slide* RunEngine::NextSlide() const {
+    if (!m_running)
+        return nullptr;
+    if (const Track* track = ActiveTrack(); track && (m_prop || !m_atEnd)) {
+        if (track->part + 1 < track->slides.size())
+            return &track->slides.at(track->part + 1);
+        if (m_prop)
+            return nullptr;
+    }
+    if (m_atEnd)
+        return nullptr;
+    if (m_item + 1 < m_tracks.size()) {
+        const QList<Slide>& slides = m_tracks.at(m_item + 1).slides;
+        return slides.isEmpty() ? &m_endSlide : &slides.first();
+    }
+    return IsServiceRun() ? &m_endSlide : nullptr;
 }

@@ -9,6 +9,8 @@
 #include <QObject>
 #include <QSize>
 
+#include <optional>
+
 // The model of a run: which rows of a service are shown, how each item is cut
 // into slides, which slide is on the projector now, and a prop that is put up
 // in the middle. The projector window draws CurrentSlide(); the run controller
@@ -16,9 +18,28 @@
 //
 // Items are numbered from 0 in the order of the shown rows (rows whose
 // ShowAtRunTime is False are left out); parts from 0 within an item.
+//
+// Each item is one track: the item read from the database, its slides and the
+// part showing. A prop running is one more track beside them.
 class RunEngine : public QObject {
     Q_OBJECT
 public:
+    struct Track {
+        RunItem item;
+        QList<Slide> slides;
+        int part = 0;
+    };
+
+    // Which slide shows: the prop's (propServiceItemId not 0) or the item's
+    // part, or the end slide of a service.
+    struct SlideId {
+        qint32 propServiceItemId = 0;
+        int item = 0;
+        int part = 0;
+        bool atEnd = false;
+        friend bool operator==(const SlideId&, const SlideId&) = default;
+    };
+
     // What a step did.
     enum class Step {
         Nothing,      // nothing to go to: the slide stays
@@ -45,7 +66,7 @@ public:
     bool IsRunning() const { return m_running; }
     qint32 ServiceID() const { return m_serviceId; }
     bool IsServiceRun() const { return m_serviceId != 0; }
-    int ItemCount() const { return static_cast<int>(m_items.size()); }
+    int ItemCount() const { return static_cast<int>(m_tracks.size()); }
     int CurrentItem() const { return m_item; }
     qint32 ItemServiceItemID(int index) const;
     const QList<Slide>& ItemSlides(int index) const;
@@ -55,6 +76,9 @@ public:
     bool AtEndOfItem() const;
     bool AtEndOfService() const { return m_atEnd; }
     const Slide& CurrentSlide() const;
+    SlideId CurrentSlideId() const;
+    // The slide that Forward brings, or nullptr when Forward brings none.
+    const Slide* NextSlide() const;
 
     // ---- Navigation ----------------------------------------------------------
     // Forward: the next part, else the first part of the next item, else (in a
@@ -69,8 +93,8 @@ public:
 
     // ---- Props ---------------------------------------------------------------
     bool StartProp(qint32 lngServiceItemID, QString& strErrorMessage);
-    bool IsPropRunning() const { return m_propRunning; }
-    qint32 PropServiceItemID() const { return m_prop.serviceItemId; }
+    bool IsPropRunning() const { return m_prop.has_value(); }
+    qint32 PropServiceItemID() const { return m_prop ? m_prop->item.serviceItemId : 0; }
     void EndProp();
 
     // ---- Projector -----------------------------------------------------------
@@ -99,24 +123,26 @@ signals:
 private:
     void Reset();
     void Recut();
-    QList<Slide> CutItem(const RunItem& item) const;
+    void CutTrack(Track& track) const;
+    Track MakeTrack(const RunItem& item) const;
     bool AddItem(qint32 lngServiceItemID);
     Slide EndSlide() const;
+    // The track whose part the operator moves: the prop's while one runs.
+    Track* ActiveTrack();
+    const Track* ActiveTrack() const;
+    // One step of Next (+1) or Previous (-1).
+    Step Move(int direction);
+    Step MoveToItem(int index, int part);
 
     SlideRenderer m_renderer;
     QSize m_screenSize{1024, 768};
     bool m_running = false;
     qint32 m_serviceId = 0;
-    QList<RunItem> m_items;
-    QList<QList<Slide>> m_slides;
+    QList<Track> m_tracks;
     int m_item = 0;
-    int m_part = 0;
     bool m_atEnd = false;
     Slide m_endSlide;
-    RunItem m_prop;
-    QList<Slide> m_propSlides;
-    int m_propPart = 0;
-    bool m_propRunning = false;
+    std::optional<Track> m_prop;
     bool m_blackedOut = false;
     bool m_recordsDelivery = true;
 };

@@ -1,86 +1,66 @@
 #include "RunEngine.h"
 
-RunEngine::Step RunEngine::Next() {
+// Forward and Back are one walk over the tracks: within the active track
+// first, then to the item beside it, then (in a service run) onto the end
+// slide and back from it. A prop walks its own parts only and stays on its
+// last part until the operator ends it.
+RunEngine::Step RunEngine::Move(int direction) {
     if (!m_running)
         return Step::Nothing;
-    if (m_propRunning) {
-        // A prop stays on its last part until the operator ends it.
-        if (m_propPart + 1 >= m_propSlides.size())
+    if (m_atEnd && !m_prop) {
+        if (direction > 0 || m_tracks.isEmpty())
             return Step::Nothing;
-        ++m_propPart;
+        m_atEnd = false;
+        const int last = static_cast<int>(m_tracks.size()) - 1;
+        return MoveToItem(last, static_cast<int>(m_tracks.at(last).slides.size()) - 1);
+    }
+    Track* track = ActiveTrack();
+    const int part = track ? track->part + direction : 0;
+    if (track && part >= 0 && part < track->slides.size()) {
+        track->part = part;
         emit SlideChanged();
         return Step::Part;
     }
-    if (m_atEnd)
+    if (m_prop)
         return Step::Nothing;
-    if (m_part + 1 < ItemSlides(m_item).size()) {
-        ++m_part;
-        emit SlideChanged();
-        return Step::Part;
-    }
-    if (m_item + 1 < m_items.size()) {
-        ++m_item;
-        m_part = 0;
-        emit SlideChanged();
-        return Step::Item;
-    }
-    if (!IsServiceRun())
+    // Back from the first part goes to the start of the item before.
+    const int item = m_item + direction;
+    if (item >= 0 && item < m_tracks.size())
+        return MoveToItem(item, 0);
+    if (direction < 0 || !IsServiceRun())
         return Step::Nothing;
     m_atEnd = true;
     emit SlideChanged();
     return Step::ServiceEnded;
 }
 
-RunEngine::Step RunEngine::Previous() {
-    if (!m_running)
-        return Step::Nothing;
-    if (m_propRunning) {
-        if (m_propPart == 0)
-            return Step::Nothing;
-        --m_propPart;
-        emit SlideChanged();
-        return Step::Part;
-    }
-    if (m_atEnd) {
-        if (m_items.isEmpty())
-            return Step::Nothing;
-        m_atEnd = false;
-        m_item = static_cast<int>(m_items.size()) - 1;
-        m_part = static_cast<int>(ItemSlides(m_item).size()) - 1;
-        emit SlideChanged();
-        return Step::Item;
-    }
-    if (m_part > 0) {
-        --m_part;
-        emit SlideChanged();
-        return Step::Part;
-    }
-    // Back from the first part goes to the start of the item before.
-    if (m_item == 0)
-        return Step::Nothing;
-    --m_item;
-    m_part = 0;
+RunEngine::Step RunEngine::MoveToItem(int index, int part) {
+    m_item = index;
+    m_tracks[index].part = qMax(0, part);
     emit SlideChanged();
     return Step::Item;
 }
 
+RunEngine::Step RunEngine::Next() {
+    return Move(+1);
+}
+
+RunEngine::Step RunEngine::Previous() {
+    return Move(-1);
+}
+
 bool RunEngine::JumpToItem(int index) {
-    if (!m_running || index < 0 || index >= m_items.size())
+    if (!m_running || index < 0 || index >= m_tracks.size())
         return false;
-    m_item = index;
-    m_part = 0;
     m_atEnd = false;
-    emit SlideChanged();
+    MoveToItem(index, 0);
     return true;
 }
 
 bool RunEngine::JumpToPart(int part) {
-    if (!m_running || part < 0 || part >= PartCount() || (m_atEnd && !m_propRunning))
+    if (!m_running || part < 0 || part >= PartCount() || (m_atEnd && !m_prop))
         return false;
-    if (m_propRunning)
-        m_propPart = part;
-    else
-        m_part = part;
+    ActiveTrack()->part = part;
     emit SlideChanged();
     return true;
 }
@@ -91,20 +71,14 @@ bool RunEngine::StartProp(qint32 lngServiceItemID, QString& strErrorMessage) {
     RunItem prop;
     if (!RunItem::Load(lngServiceItemID, prop, strErrorMessage))
         return false;
-    m_prop = prop;
-    m_propSlides = CutItem(m_prop);
-    m_propPart = 0;
-    m_propRunning = true;
+    m_prop = MakeTrack(prop);
     emit SlideChanged();
     return true;
 }
 
 void RunEngine::EndProp() {
-    if (!m_propRunning)
+    if (!m_prop)
         return;
-    m_propRunning = false;
-    m_prop = RunItem();
-    m_propSlides.clear();
-    m_propPart = 0;
+    m_prop.reset();
     emit SlideChanged();
 }

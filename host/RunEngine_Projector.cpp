@@ -1,6 +1,7 @@
 #include "RunEngine.h"
 
 #include "DataAccess.h"
+#include "TraceLog.h"
 
 namespace {
 constexpr int SmallestStep = -6;
@@ -26,6 +27,7 @@ void RunEngine::DecreaseSize() {
     emit SlideChanged();
 }
 
+// The failure to record the delivery is written to the trace by EndRun.
 void RunEngine::EndRun() {
     QString err;
     EndRun(err);
@@ -36,9 +38,13 @@ void RunEngine::EndRun(QString& strErrorMessage) {
         return;
     const qint32 serviceId = m_serviceId;
     m_running = false;
-    m_propRunning = false;
-    if (serviceId != 0 && m_recordsDelivery)
-        MarkServiceDelivered(serviceId, QDate::currentDate(), strErrorMessage);
+    m_prop.reset();
+    if (serviceId != 0 && m_recordsDelivery &&
+        !MarkServiceDelivered(serviceId, QDate::currentDate(), strErrorMessage))
+        TraceLog::Instance().WriteErrorLine(
+            QStringLiteral("Corvantis:RunEngine:EndRun: the date the service was delivered could "
+                           "not be recorded: ") +
+            strErrorMessage);
     emit RunEnded();
 }
 

@@ -30,10 +30,7 @@ void RunSession::CreateParts(QWidget* consoleParent) {
     if (consoleParent) {
         m_console = new ctlRun(consoleParent);
         m_console->setObjectName(QStringLiteral("ctlRun1"));
-        m_keys = new OperatorKeyFilter(this);
-        m_console->installEventFilter(m_keys);
-        for (QWidget* child : m_console->findChildren<QWidget*>())
-            child->installEventFilter(m_keys);
+        m_keys = new OperatorKeyFilter(m_console, this);
     }
     m_controller = new RunController(m_engine, m_console, this);
     connect(m_projector, &ProjectorWindow::ActionPressed, m_controller,
@@ -42,6 +39,11 @@ void RunSession::CreateParts(QWidget* consoleParent) {
         connect(m_keys, &OperatorKeyFilter::ActionPressed, m_controller,
                 &RunController::OperatorAction);
     connect(m_controller, &RunController::RunEndRequested, this, [this] { End(); });
+    // The console's mirror is grabbed again once the projector has painted
+    // each change, so that it never shows the picture before.
+    if (m_console)
+        connect(m_projector, &ProjectorWindow::PictureShown, m_console,
+                [this] { ErrorReport::Guard([this] { m_console->RefreshScreenMirror(); }); });
     connect(&m_engine, &RunEngine::RunEnded, this,
             [this] { ErrorReport::Guard([this] { Engine_RunEnded(); }); });
 }
@@ -82,7 +84,7 @@ bool RunSession::StartServiceItem(qint32 lngServiceItemID, QString& strErrorMess
 bool RunSession::CanUnload() {
     if (m_ended || !m_console)
         return true;
-    return m_console->CanUnload();
+    return m_controller->ConfirmEnd();
 }
 
 void RunSession::End() {

@@ -5,12 +5,15 @@
 #include "ProjectorWindow.h"
 #include "RunController.h"
 #include "RunSession.h"
+#include "ServiceRows.h"
 #include "StartUp.h"
 #include "run/ctlRun.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QFile>
 #include <QImage>
+#include <QTemporaryDir>
 #include <QTextStream>
 
 namespace {
@@ -27,6 +30,16 @@ bool save(const QImage& image, const QDir& dir, const QString& name, QTextStream
 QImage grab(QWidget& widget) {
     QApplication::processEvents();
     return widget.grab().toImage();
+}
+
+// Lets the projector paint what changed and the console refresh its mirror.
+void waitForProjector(ProjectorWindow& projector) {
+    bool shown = false;
+    const QMetaObject::Connection connection =
+        QObject::connect(&projector, &ProjectorWindow::PictureShown, [&shown] { shown = true; });
+    for (int round = 0; round < 20 && !shown; ++round)
+        QApplication::processEvents(QEventLoop::AllEvents, 50);
+    QObject::disconnect(connection);
 }
 
 bool pages(MainWindow& window, const QDir& dir, QTextStream& log) {
@@ -48,16 +61,18 @@ bool run(MainWindow& window, qint32 serviceId, const QDir& dir, QTextStream& log
     }
     RunSession* session = window.Session();
     session->Engine().SetRecordsDelivery(false); // a picture is no delivery
-    session->Projector()->resize(ProjectorSize);
+    if (!session->Projector()->Placement().fullScreen)
+        session->Projector()->resize(ProjectorSize);
+    waitForProjector(*session->Projector());
     bool ok = true;
     for (int step = 1; step <= Screenshot::Steps && !session->Engine().AtEndOfService(); ++step) {
         const QString number = QStringLiteral("%1").arg(step, 2, 10, QLatin1Char('0'));
-        QApplication::processEvents();
         ok = save(session->Projector()->Picture(), dir,
                   QStringLiteral("projector-%1.png").arg(number), log) &&
              ok;
         ok = save(grab(window), dir, QStringLiteral("console-%1.png").arg(number), log) && ok;
         session->Controller()->OperatorAction(OperatorKeys::Action::Forward);
+        waitForProjector(*session->Projector());
     }
     window.EndRun();
     return ok;
@@ -91,11 +106,25 @@ qint32 SampleServiceID() {
         da.GetServiceContents(QStringLiteral("ServiceID = %1").arg(id), 4, err, rows);
         int shown = 0;
         for (rows->MoveFirst(); err.isEmpty() && !rows->Eof(); rows->MoveNext())
-            shown += rows->Fields(QStringLiteral("ShowAtRunTime")).toBool() ? 1 : 0;
+            shown += ServiceRows::ShownAtRunTime(*rows) ? 1 : 0;
         if (shown > 1)
             return id;
     }
     return 0;
+}
+
+void SelectTwoScreens(const QTemporaryDir& dir) {
+    const QString file = dir.filePath(QStringLiteral("screens.json"));
+    QFile json(file);
+    if (!dir.isValid() || !json.open(QIODevice::WriteOnly))
+        return; // one offscreen screen: the pictures are drawn all the same
+    json.write(
+        R"({"screens":[)"
+        R"({"name":"Console","x":0,"y":0,"width":1280,"height":800,"logicalDpi":96,"dpr":1},)"
+        R"({"name":"Projector","x":1280,"y":0,"width":1024,"height":768,"logicalDpi":96,)"
+        R"("dpr":1}]})");
+    json.close();
+    qputenv("QT_QPA_PLATFORM", ("offscreen:configfile=" + file).toLocal8Bit());
 }
 
 int Take(const QString& strFolder, const StartUp& startUp, QTextStream& log) {

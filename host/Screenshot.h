@@ -4,6 +4,7 @@
 #include <QStringList>
 
 class QImage;
+class QTemporaryDir;
 class QTextStream;
 struct StartUp;
 
@@ -17,6 +18,11 @@ namespace Screenshot {
 constexpr int Steps = 8;
 
 int Take(const QString& strFolder, const StartUp& startUp, QTextStream& log);
+// Chooses the offscreen display with two screens, the console's (1280 x 800)
+// and the projector's (1024 x 768) right of it, so that the pictures show the
+// run as a church with a projector sees it, the console's mirror included.
+// Writes the screen file into dir; must run before the application is made.
+void SelectTwoScreens(const QTemporaryDir& dir);
 // The service that the screenshots run: the first one with rows to show.
 qint32 SampleServiceID();
 // True when the picture holds more than one colour.

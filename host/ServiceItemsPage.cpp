@@ -5,6 +5,8 @@
 #include "foundations/ErrorReport.h"
 #include "galleries/ctlServiceItemGallery.h"
 
+#include <QAction>
+
 ServiceItemsPage::ServiceItemsPage(QWidget* parent)
     : HostPage(QStringLiteral("ServiceItems"), parent),
       ctlServiceItemGallery1(new ctlServiceItemGallery(this)) {
@@ -23,6 +25,17 @@ ServiceItemsPage::ServiceItemsPage(QWidget* parent)
             [this](const QString& key, qint32 id) {
                 ErrorReport::Guard([&] { ctlServiceItemGallery1_ToolBarButtonClicked(key, id); });
             });
+    // The gallery leaves its Properties button to the host: it shows the
+    // selected item's details on the right.
+    if (auto* btnProperties =
+            ctlServiceItemGallery1->findChild<QAction*>(QStringLiteral("btnProperties")))
+        connect(btnProperties, &QAction::triggered, this,
+                [this] { ErrorReport::Guard([this] { btnProperties_Click(); }); });
+}
+
+void ServiceItemsPage::btnProperties_Click() {
+    if (m_selected != 0)
+        ShowItem(m_selected, ctlServiceItemGallery1->SelectedItemText());
 }
 
 void ServiceItemsPage::Load() {

@@ -26,6 +26,7 @@ private:
                                           const QString& strFilterInPlainEnglish,
                                           const QString& strType);
     void ctlServiceItemGallery1_SIDblClicked(qint32 SIId);
+    void btnProperties_Click();
     void ctlServiceItemGallery1_ToolBarButtonClicked(const QString& strButtonKey,
                                                      qint32 lngSelectedServiceItem);
     void ShowItem(qint32 lngServiceItemID, const QString& strDescription);

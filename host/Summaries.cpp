@@ -1,6 +1,8 @@
 #include "Summaries.h"
 
 #include "DataAccess.h"
+#include "HostText.h"
+#include "ServiceRows.h"
 #include "foundations/VBRuntime.h"
 
 namespace {
@@ -33,9 +35,9 @@ void addContents(EventPanel::Rows& rows, qint32 lngServiceID) {
         da.GetServiceItemDescription(rs->Fields(QStringLiteral("ServiceItemID")).toInt(), err,
                                      description);
         QString text = decoded(description);
-        if (!rs->Fields(QStringLiteral("ShowAtRunTime")).toBool())
+        if (!ServiceRows::ShownAtRunTime(*rs))
             text += QStringLiteral("  (not shown at run time)");
-        rows.append({QStringLiteral("Row %1").arg(++row), text});
+        rows.append({QStringLiteral("Item %1").arg(++row), text});
     }
 }
 
@@ -58,11 +60,11 @@ EventPanel::Rows ServiceRows(qint32 lngServiceID) {
     add(rows, QStringLiteral("Name"), decoded(rs->Fields(QStringLiteral("ServiceName"))));
     add(rows, QStringLiteral("Type"), decoded(rs->Fields(QStringLiteral("ServiceType"))));
     add(rows, QStringLiteral("Theme"), decoded(rs->Fields(QStringLiteral("ServiceTheme"))));
-    add(rows, QStringLiteral("Provider"), decoded(rs->Fields(QStringLiteral("ServiceProvider"))));
-    add(rows, QStringLiteral("Created"),
-        VB::Text(rs->Fields(QStringLiteral("ServiceDateCreated"))));
-    add(rows, QStringLiteral("Last delivered"),
-        VB::Text(rs->Fields(QStringLiteral("ServiceDateLastDelivered"))));
+    add(rows, QStringLiteral("Created By"), decoded(rs->Fields(QStringLiteral("ServiceProvider"))));
+    add(rows, QStringLiteral("Date Created"),
+        HostText::Value(rs->Fields(QStringLiteral("ServiceDateCreated"))));
+    add(rows, QStringLiteral("Date Last Delivered"),
+        HostText::Value(rs->Fields(QStringLiteral("ServiceDateLastDelivered"))));
     add(rows, QStringLiteral("Notes"), decoded(rs->Fields(QStringLiteral("ServiceNotes"))));
     addContents(rows, lngServiceID);
     return rows;

@@ -2,6 +2,7 @@
 
 #include "DataAccess.h"
 #include "EventPanel.h"
+#include "HostText.h"
 #include "RecordList.h"
 #include "foundations/ErrorReport.h"
 #include "foundations/Platform.h"
@@ -10,9 +11,9 @@
 TemplatesPage::TemplatesPage(QWidget* parent) : HostPage(QStringLiteral("Templates"), parent) {
     lvwTemplates = new RecordList(
         QStringLiteral("TemplateID"),
-        {{QStringLiteral("TemplateDescription"), QStringLiteral("Template")},
+        {{QStringLiteral("TemplateDescription"), QStringLiteral("Description")},
          {QStringLiteral("TemplateOccasion"), QStringLiteral("Occasion")},
-         {QStringLiteral("TemplateAuthor"), QStringLiteral("Author")}},
+         {QStringLiteral("TemplateAuthor"), QStringLiteral("Created By")}},
         [](QString& err, std::unique_ptr<Recordset>& rs) {
             DataAccess::Instance().GetTemplates(QString(), 4, err, rs);
         },
@@ -41,9 +42,16 @@ void TemplatesPage::lvwTemplates_RowClicked(qint32 lngTemplateID, const QString&
     EventPanel::Rows rows;
     if (rs && rs->RecordCount() > 0) {
         rs->MoveFirst();
-        for (const char* field : {"TemplateOccasion", "TemplateAuthor", "TemplateNotes",
-                                  "TemplateDateCreated", "IsServiceTemplate", "IsInBuilt"})
-            rows.append({QString::fromLatin1(field), VB::Text(rs->Fields(QLatin1String(field)))});
+        auto field = [&](const char* name) { return rs->Fields(QLatin1String(name)); };
+        rows = {{QStringLiteral("Type"), field("IsServiceTemplate").toBool()
+                                             ? QStringLiteral("Service")
+                                             : QStringLiteral("Service Item")},
+                {QStringLiteral("Occasion"), VB::Text(field("TemplateOccasion"))},
+                {QStringLiteral("Created By"), VB::Text(field("TemplateAuthor"))},
+                {QStringLiteral("Date Created"), HostText::Value(field("TemplateDateCreated"))},
+                {QStringLiteral("Notes"), VB::Text(field("TemplateNotes"))},
+                {QString(), field("IsInBuilt").toBool() ? QStringLiteral("In Built")
+                                                        : QStringLiteral("User Created")}};
     } else if (!err.isEmpty()) {
         rows.append({QStringLiteral("Error"), err});
     }

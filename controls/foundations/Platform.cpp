@@ -15,6 +15,7 @@
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QPainter>
+#include <QPointer>
 #include <QProcess>
 #include <QPushButton>
 #include <QScreen>
@@ -25,6 +26,7 @@
 namespace {
 
 Platform* g_installed = nullptr;
+QPointer<QWidget> g_dialogOwner;
 
 const QString& applicationTitle() {
     static const QString title = QStringLiteral("Corvantis");
@@ -38,7 +40,7 @@ bool haveWidgets() {
 }
 
 QWidget* dialogParent() {
-    return haveWidgets() ? QApplication::activeWindow() : nullptr;
+    return Platform::Current().DialogParent();
 }
 
 struct BoxButton {
@@ -189,6 +191,18 @@ void Platform::Install(Platform* pPlatform) {
 
 Platform* Platform::Installed() {
     return g_installed;
+}
+
+void Platform::SetDialogOwner(QWidget* pOwner) {
+    g_dialogOwner = pOwner;
+}
+
+QWidget* Platform::DialogParent() {
+    if (!haveWidgets())
+        return nullptr;
+    if (g_dialogOwner && g_dialogOwner->isVisible())
+        return g_dialogOwner->window();
+    return QApplication::activeWindow();
 }
 
 QString Platform::LocalPath(const QString& strPath) {

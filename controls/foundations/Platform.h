@@ -54,6 +54,12 @@ public:
     // The platform put in place by Install, or nullptr when the Qt one is in force.
     static Platform* Installed();
 
+    // The window that boxes and dialogs open over: the owner the application
+    // named (its main window, so that no box ever opens on a projector), else
+    // the active window. nullptr restores the active window.
+    static void SetDialogOwner(QWidget* pOwner);
+    virtual QWidget* DialogParent();
+
     // A path as the controls write it (with "\") as this machine names it: the
     // path itself when it exists or holds no "\", else with "\" turned into "/".
     static QString LocalPath(const QString& strPath);

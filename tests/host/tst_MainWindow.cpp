@@ -3,27 +3,38 @@
 #include "DataAccess.h"
 #include "EditorSlot.h"
 #include "EventPanel.h"
+#include "HelpWindow.h"
 #include "HostPage.h"
+#include "HostText.h"
 #include "MainWindow.h"
+#include "OptionsPage.h"
 #include "ProjectorWindow.h"
 #include "RecordList.h"
 #include "RunSession.h"
 #include "ScriptedPlatform.h"
 #include "ServiceItemsPage.h"
 #include "ServicesPage.h"
+#include "Settings.h"
+#include "TemplatesPage.h"
 #include "TestDatabase.h"
 
+#include "foundations/SSRibbon.h"
 #include "foundations/VBTreeWidget.h"
 #include "galleries/ctlServiceItemGallery.h"
 #include "run/ctlRun.h"
 
 #include <QAction>
 #include <QCheckBox>
+#include <QGuiApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QStackedWidget>
+#include <QStatusBar>
+#include <QTextBrowser>
 #include <QToolBar>
+#include <QTreeWidget>
 #include <QtTest>
 
 #include <memory>
@@ -53,6 +64,15 @@ private slots:
     void runOfOneServiceItemFromTheGallery();
     void aboutBoxNamesCorvantis();
     void closingDuringARunAsksTheConsoleFirst();
+    void operatorKeysReachTheRunWhereverTheFocusIsInTheConsole();
+    void typingInTheConsolesFilterBoxStaysTyping();
+    void escBlacksOutFirstAndTheRunEndsOnlyOnYes();
+    void helpMenuOpensEachPageOfTheGuide();
+    void f1SentByAControlOpensTheGuide();
+    void questionMarkOfTheConsoleOpensTheGuideAtRunning();
+    void propertiesButtonOfTheGalleryShowsTheSelectedItem();
+    void oneScreenSaysSoAndTheProjectorWindowKeepsItsPlace();
+    void pagesWriteWordsAndFourDigitYearsNotFieldNames();
 
 private:
     StartUp Start() const {
@@ -139,8 +159,8 @@ void tst_MainWindow::servicesPageListsTheServicesAndShowsTheClickedOne() {
     auto* panel = qobject_cast<EventPanel*>(window->pgServices->Editor()->Current());
     QVERIFY(panel);
     QCOMPARE(panel->Caption(), QStringLiteral("Morning Worship"));
-    QCOMPARE(panel->Value(QStringLiteral("Row 1")), QStringLiteral("Be Thou My Vision"));
-    QCOMPARE(panel->Value(QStringLiteral("Row 2")), QStringLiteral("Collect for Purity"));
+    QCOMPARE(panel->Value(QStringLiteral("Item 1")), QStringLiteral("Be Thou My Vision"));
+    QCOMPARE(panel->Value(QStringLiteral("Item 2")), QStringLiteral("Collect for Purity"));
     QVERIFY(window->pgServices->cmdRunService->isEnabled());
 }
 
@@ -251,6 +271,10 @@ void tst_MainWindow::operatorKeysOnTheConsoleDriveTheRun() {
     QTest::keyClick(session->Projector(), Qt::Key_Right);
     QCOMPARE(session->Engine().CurrentPart(), 1);
     QTest::keyClick(console, Qt::Key_Escape);
+    QVERIFY(session->Engine().IsBlackedOut());
+    QVERIFY(window->IsRunning());
+    platform->QueueAnswer(vbYes);
+    QTest::keyClick(console, Qt::Key_Escape);
     QTRY_VERIFY(!window->IsRunning());
 }
 
@@ -259,6 +283,7 @@ void tst_MainWindow::endOnTheConsoleEndsTheRunAndRecordsTheDelivery() {
     QWidget* before = window->stkPages->currentWidget();
     QVERIFY(window->RunService(service));
     QPointer<ProjectorWindow> projector = window->Session()->Projector();
+    platform->QueueAnswer(vbYes);
     window->Session()->Console()->cmdEnd->click();
     QTRY_VERIFY(!window->IsRunning());
     QCOMPARE(window->stkPages->currentWidget(), before);
@@ -306,6 +331,7 @@ void tst_MainWindow::runOfOneServiceItemFromTheGallery() {
     QVERIFY(!session->Engine().IsServiceRun());
     QCOMPARE(session->Console()->lblMainCaption->text(),
              QStringLiteral("Running Service item: Be Thou My Vision"));
+    platform->QueueAnswer(vbYes);
     session->Console()->cmdEnd->click();
     QTRY_VERIFY(!window->IsRunning());
     QCOMPARE(window->CurrentPage()->Name(), QStringLiteral("ServiceItems"));
@@ -330,6 +356,171 @@ void tst_MainWindow::closingDuringARunAsksTheConsoleFirst() {
     platform->QueueAnswer(vbYes);
     QVERIFY(window->close());
     QTRY_VERIFY(!window->IsRunning());
+}
+
+void tst_MainWindow::operatorKeysReachTheRunWhereverTheFocusIsInTheConsole() {
+    QVERIFY(window->RunService(service));
+    RunSession* session = window->Session();
+    ctlRun* console = session->Console();
+    console->tvwRun->setFocus();
+    QTest::keyClick(console->tvwRun, Qt::Key_Right);
+    QCOMPARE(session->Engine().CurrentPart(), 1);
+    QTest::keyClick(console->tvwRun, Qt::Key_Left);
+    QCOMPARE(session->Engine().CurrentPart(), 0);
+    // A list made inside the console after the run began takes no arrows either.
+    auto* later = new QTreeWidget(console);
+    later->addTopLevelItems({new QTreeWidgetItem({"a"}), new QTreeWidgetItem({"b"})});
+    later->show();
+    later->setFocus();
+    QTest::keyClick(later, Qt::Key_Right);
+    QCOMPARE(session->Engine().CurrentPart(), 1);
+    QTest::keyClick(later, Qt::Key_PageUp);
+    QCOMPARE(session->Engine().CurrentPart(), 0);
+}
+
+void tst_MainWindow::typingInTheConsolesFilterBoxStaysTyping() {
+    QVERIFY(window->RunService(service));
+    RunSession* session = window->Session();
+    auto* filter = new QLineEdit(session->Console());
+    filter->show();
+    filter->setFocus();
+    QTest::keyClicks(filter, QStringLiteral("b c"));
+    QTest::keyClick(filter, Qt::Key_Left);
+    QCOMPARE(filter->text(), QStringLiteral("b c"));
+    QVERIFY(!session->Engine().IsBlackedOut());
+    QCOMPARE(session->Engine().CurrentPart(), 0);
+}
+
+void tst_MainWindow::escBlacksOutFirstAndTheRunEndsOnlyOnYes() {
+    QVERIFY(window->RunService(service));
+    ctlRun* console = window->Session()->Console();
+    QTest::keyClick(console->cmdForward, Qt::Key_Escape);
+    QVERIFY(window->IsRunning());
+    QVERIFY(window->Session()->Engine().IsBlackedOut());
+    QCOMPARE(platform->BoxCount(), 0);
+    platform->QueueAnswer(vbNo);
+    QTest::keyClick(console->cmdForward, Qt::Key_Escape);
+    QVERIFY(window->IsRunning());
+    QCOMPARE(platform->LastBox().Prompt, QStringLiteral("Do you want to stop running this item?"));
+    platform->QueueAnswer(vbNo);
+    console->cmdEnd->click();
+    QVERIFY(window->IsRunning());
+    QCOMPARE(platform->BoxCount(), 2);
+    platform->QueueAnswer(vbYes);
+    console->cmdEnd->click();
+    QTRY_VERIFY(!window->IsRunning());
+    QCOMPARE(platform->BoxCount(), 3);
+}
+
+void tst_MainWindow::helpMenuOpensEachPageOfTheGuide() {
+    const QList<QPair<QString, QString>> entries = {
+        // F1's entry opens the page of what the user is doing: planning here.
+        {QStringLiteral("mnuHelpContents"), QStringLiteral("planning.html")},
+        {QStringLiteral("mnuHelpPlanning"), QStringLiteral("planning.html")},
+        {QStringLiteral("mnuHelpRunning"), QStringLiteral("running.html")},
+        {QStringLiteral("mnuHelpKeys"), QStringLiteral("keys.html")}};
+    QCOMPARE(window->findChild<QAction*>(QStringLiteral("mnuHelpContents"))->shortcut(),
+             QKeySequence(Qt::Key_F1));
+    for (const auto& entry : entries) {
+        window->findChild<QAction*>(entry.first)->trigger();
+        QVERIFY(window->Help());
+        QVERIFY(window->Help()->isVisible());
+        QCOMPARE(window->Help()->windowTitle(), QStringLiteral("Corvantis Help"));
+        QCOMPARE(window->Help()->CurrentPage(), entry.second);
+        QVERIFY2(window->Help()->txtHelp->toPlainText().size() > 200, qPrintable(entry.second));
+    }
+    QVERIFY(window->Help()->txtHelp->toPlainText().contains(QStringLiteral("Page Down")));
+    // Every page links back to the contents, and the contents to every page.
+    window->Help()->ShowPage(HelpWindow::ContentsPage());
+    const QString contents = window->Help()->txtHelp->toHtml();
+    for (const QString& page : HelpWindow::Pages().mid(1))
+        QVERIFY2(contents.contains(page), qPrintable(page));
+}
+
+void tst_MainWindow::f1SentByAControlOpensTheGuide() {
+    window->pgServices->lvwServices->setFocus();
+    // What a control's SendKeys("{F1}") does: an F1 key stroke to the focus.
+    QCoreApplication::postEvent(window->pgServices->lvwServices,
+                                new QKeyEvent(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier));
+    QTRY_VERIFY(window->Help() && window->Help()->isVisible());
+    QCOMPARE(window->Help()->CurrentPage(), QStringLiteral("planning.html"));
+}
+
+void tst_MainWindow::questionMarkOfTheConsoleOpensTheGuideAtRunning() {
+    QVERIFY(window->RunService(service));
+    window->Session()->Console()->cmdShowProperties->setValue(true);
+    QVERIFY(window->Help() && window->Help()->isVisible());
+    QCOMPARE(window->Help()->CurrentPage(), QStringLiteral("running.html"));
+    QVERIFY(window->IsRunning());
+}
+
+void tst_MainWindow::propertiesButtonOfTheGalleryShowsTheSelectedItem() {
+    QVERIFY(window->ShowPage(QStringLiteral("ServiceItems")));
+    auto* gallery = window->pgServiceItems->ctlServiceItemGallery1;
+    emit gallery->SIClicked(QString::number(prayer), QStringLiteral("Collect for Purity"),
+                            QString(), QString(), QStringLiteral("SI"));
+    auto* panel = window->pgServiceItems->findChild<EventPanel*>();
+    QVERIFY(panel);
+    panel->Show(QStringLiteral("something else"), {});
+    QCOMPARE(panel->Value(QStringLiteral("Description")), QString());
+    QAction* properties = gallery->findChild<QAction*>(QStringLiteral("btnProperties"));
+    QVERIFY(properties);
+    properties->setEnabled(true);
+    properties->trigger();
+    QCOMPARE(panel->Value(QStringLiteral("Description")), QStringLiteral("Collect for Purity"));
+}
+
+void tst_MainWindow::oneScreenSaysSoAndTheProjectorWindowKeepsItsPlace() {
+    QCOMPARE(QGuiApplication::screens().size(), 1);
+    Settings::DeletePrivateProfileKey(QStringLiteral("Window"), ProjectorWindow::PlaceKey());
+    QVERIFY(window->RunService(service));
+    QVERIFY(window->statusBar()->currentMessage().startsWith(
+        QStringLiteral("No second screen was found")));
+    ProjectorWindow* projector = window->Session()->Projector();
+    // Out of the console's way: the bottom right corner of the screen.
+    const QRect corner = ProjectorPlacement::OutOfTheWay(window->screen()->availableGeometry());
+    QTRY_COMPARE(projector->geometry(), corner);
+    QVERIFY(corner.width() < window->screen()->availableGeometry().width() / 2);
+    const QRect moved(20, 30, 400, 300);
+    projector->setGeometry(moved);
+    QTRY_COMPARE(projector->geometry(), moved);
+    platform->QueueAnswer(vbYes);
+    window->Session()->Console()->cmdEnd->click();
+    QTRY_VERIFY(!window->IsRunning());
+    QVERIFY(window->statusBar()->currentMessage().isEmpty());
+    QVERIFY(window->RunService(service));
+    QTRY_COMPARE(window->Session()->Projector()->geometry(), moved);
+}
+
+void tst_MainWindow::pagesWriteWordsAndFourDigitYearsNotFieldNames() {
+    QCOMPARE(HostText::Date(QDate(2026, 11, 23)).count(QStringLiteral("2026")), 1);
+    QVERIFY(!HostText::Date(QDate(2026, 11, 23)).contains(QStringLiteral("202626")));
+    QVERIFY(db->Exec(QStringLiteral("UPDATE Services SET ServiceDateLastDelivered = "
+                                    "'2025-03-09 00:00:00' WHERE ServiceID = ?"),
+                     {service}));
+    window->pgServices->SelectService(service);
+    auto* services = window->pgServices->findChild<EventPanel*>();
+    QVERIFY(services);
+    QCOMPARE(services->Value(QStringLiteral("Date Last Delivered")),
+             HostText::Date(QDate(2025, 3, 9)));
+    QVERIFY(
+        services->Value(QStringLiteral("Date Last Delivered")).contains(QStringLiteral("2025")));
+    QVERIFY(window->ShowPage(QStringLiteral("Options")));
+    auto* options = window->pgOptions->findChild<EventPanel*>();
+    QVERIFY(options);
+    QStringList names;
+    for (int i = 0; i < options->lvwDetails->topLevelItemCount(); ++i)
+        names << options->lvwDetails->topLevelItem(i)->text(0);
+    QVERIFY(names.contains(QStringLiteral("Sample mode")));
+    QVERIFY(names.contains(QStringLiteral("Start-up page")));
+    for (const char* raw : {"IsSampleMode", "StartupTab", "ShowTips", "UseTransitions"})
+        QVERIFY2(!names.contains(QLatin1String(raw)), raw);
+    QVERIFY(window->ShowPage(QStringLiteral("Templates")));
+    QStringList headers;
+    QTreeWidgetItem* header = window->pgTemplates->lvwTemplates->headerItem();
+    for (int i = 0; i < header->columnCount(); ++i)
+        headers << header->text(i);
+    QCOMPARE(headers, QStringList({"Description", "Occasion", "Created By"}));
 }
 
 QTEST_MAIN(tst_MainWindow)

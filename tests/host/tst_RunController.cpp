@@ -34,6 +34,7 @@ class tst_RunController : public QObject {
 private slots:
     void init();
     void cleanup();
+    void withoutAConsoleEscBlacksOutAndTheHostAsksBeforeTheEnd();
 
     void runStartTurnsTheProjectorOnAndShowsTheFirstItem();
     void showNextClickedMovesThePartAndCallsSIPartChanged();
@@ -323,6 +324,7 @@ void tst_RunController::endRunDuringAPropEndsOnlyTheProp() {
 void tst_RunController::endRunOutsideAPropEndsTheRun() {
     Start();
     QSignalSpy endRequested(controller.get(), &RunController::RunEndRequested);
+    platform->QueueAnswer(vbYes);
     console->cmdEnd->click();
     QCOMPARE(endRequested.count(), 1);
 }
@@ -332,7 +334,7 @@ void tst_RunController::canUnloadDuringAPropEndsThePropAndThenTheRun() {
     QSignalSpy endRequested(controller.get(), &RunController::RunEndRequested);
     StartProp(notice);
     platform->QueueAnswer(vbYes);
-    QVERIFY(console->CanUnload());
+    QVERIFY(controller->ConfirmEnd());
     QVERIFY(!engine->IsPropRunning());
     QCOMPARE(endRequested.count(), 1);
 }
@@ -385,6 +387,10 @@ void tst_RunController::operatorKeysPressTheConsoleButtons() {
     QVERIFY(!console->chkProjectorOn->isChecked());
     controller->OperatorAction(OperatorKeys::Action::BlackOut);
     QVERIFY(!engine->IsBlackedOut());
+    controller->OperatorAction(OperatorKeys::Action::End);
+    QVERIFY(engine->IsBlackedOut());
+    QCOMPARE(endRequested.count(), 0);
+    platform->QueueAnswer(vbYes);
     controller->OperatorAction(OperatorKeys::Action::End);
     QCOMPARE(endRequested.count(), 1);
 }
@@ -484,6 +490,24 @@ void tst_RunController::consoleFollowsAsTheTestHostWouldHaveIt() {
         other.cmdBack->click();
         compare(QStringLiteral("back %1").arg(i + 1));
     }
+}
+
+void tst_RunController::withoutAConsoleEscBlacksOutAndTheHostAsksBeforeTheEnd() {
+    RunController alone(*engine, nullptr);
+    QSignalSpy endRequested(&alone, &RunController::RunEndRequested);
+    QString err;
+    QVERIFY(engine->LoadService(service, err));
+    alone.OperatorAction(OperatorKeys::Action::End);
+    QVERIFY(engine->IsBlackedOut());
+    QCOMPARE(platform->BoxCount(), 0);
+    platform->QueueAnswer(vbNo);
+    alone.OperatorAction(OperatorKeys::Action::End);
+    QCOMPARE(endRequested.count(), 0);
+    QCOMPARE(platform->LastBox().Prompt, QStringLiteral("Do you want to stop running this item?"));
+    QCOMPARE(platform->LastBox().Buttons, vbYesNo | vbQuestion | vbDefaultButton2);
+    platform->QueueAnswer(vbYes);
+    alone.OperatorAction(OperatorKeys::Action::End);
+    QCOMPARE(endRequested.count(), 1);
 }
 
 QTEST_MAIN(tst_RunController)

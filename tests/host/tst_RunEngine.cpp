@@ -2,6 +2,7 @@
 #include "RunEngine.h"
 #include "Screenshot.h"
 #include "TestDatabase.h"
+#include "TraceFile.h"
 
 #include <QSignalSpy>
 #include <QtTest>
@@ -368,6 +369,77 @@ private slots:
         QCOMPARE(steps, slides);
         QCOMPARE(itemsSeen.size(), engine.ItemCount());
         DataAccess::Instance().CloseDatabase();
+    }
+
+    // At every step of a service, and while a prop runs, the slide that the
+    // console previews as next is the slide that Forward then shows.
+    void nextSlideIsWhatForwardBrings() {
+        TestDatabase db;
+        const Service s = makeService(db);
+        RunEngine engine;
+        QString err;
+        QVERIFY(engine.LoadService(s.id, err));
+        for (int step = 0; step < 20 && !engine.AtEndOfService(); ++step) {
+            const Slide* next = engine.NextSlide();
+            QVERIFY(next);
+            const Slide expected = *next;
+            engine.Next();
+            QCOMPARE(engine.CurrentSlide().Words(), expected.Words());
+            QCOMPARE(engine.CurrentSlide().kind, expected.kind);
+        }
+        QVERIFY(engine.AtEndOfService());
+        QCOMPARE(engine.NextSlide(), nullptr);
+        engine.Previous();
+        QVERIFY(engine.StartProp(s.song, err));
+        QCOMPARE(engine.NextSlide()->Words(), engine.ItemSlides(0).at(1).Words());
+        while (engine.Next() == RunEngine::Step::Part) {
+        }
+        QCOMPARE(engine.NextSlide(), nullptr); // a prop waits on its last part
+    }
+
+    // Each item keeps its own place: going back into an item starts it
+    // again, and a prop's steps leave the item's part where it was.
+    void propStepsLeaveTheItemWhereItWas() {
+        TestDatabase db;
+        const Service s = makeService(db);
+        RunEngine engine;
+        QString err;
+        QVERIFY(engine.LoadService(s.id, err));
+        engine.Next();
+        QCOMPARE(where(engine), QStringLiteral("0.1"));
+        QVERIFY(engine.StartProp(s.reading, err));
+        QCOMPARE(engine.Next(), RunEngine::Step::Part);
+        QCOMPARE(engine.CurrentPart(), 1);
+        QCOMPARE(engine.Previous(), RunEngine::Step::Part);
+        QCOMPARE(engine.Previous(), RunEngine::Step::Nothing);
+        engine.EndProp();
+        QCOMPARE(where(engine), QStringLiteral("0.1"));
+        const RunEngine::SlideId id = engine.CurrentSlideId();
+        QCOMPARE(id.item, 0);
+        QCOMPARE(id.part, 1);
+        QCOMPARE(id.propServiceItemId, 0);
+        QVERIFY(!id.atEnd);
+    }
+
+    // A service deleted while it runs cannot take its delivery date: the end
+    // still ends the run and the failure is written to the trace.
+    void failureToRecordTheDeliveryIsTraced() {
+        TestDatabase db;
+        const Service s = makeService(db);
+        RunEngine engine;
+        QString err;
+        QVERIFY(engine.LoadService(s.id, err));
+        QVERIFY(db.Exec(QStringLiteral("DELETE FROM Services WHERE ServiceID = ?"), {s.id}));
+        TraceFile trace;
+        engine.EndRun();
+        QVERIFY(!engine.IsRunning());
+        const QStringList errors = trace.NewErrorLines();
+        QCOMPARE(errors.size(), 1);
+        QVERIFY2(errors.first().startsWith(QStringLiteral(
+                     "Corvantis:RunEngine:EndRun: the date the service was delivered could not "
+                     "be recorded: ")),
+                 qPrintable(errors.first()));
+        QVERIFY(errors.first().contains(QString::number(s.id)));
     }
 };
 

@@ -45,7 +45,7 @@ ScriptedPlatform::Box ScriptedPlatform::LastBox() const {
 
 qint32 ScriptedPlatform::MsgBox(const QString& strPrompt, qint32 intButtons,
                                 const QString& strTitle) {
-    Box box{strPrompt, intButtons, strTitle, 0};
+    Box box{strPrompt, intButtons, strTitle, 0, DialogParent()};
     if (!m_answers.isEmpty()) {
         box.Answer = m_answers.takeFirst();
     } else if (m_defaultAnswer != 0) {

@@ -11,6 +11,7 @@
 #include <QRect>
 #include <QString>
 #include <QStringList>
+#include <QWidget>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -56,6 +57,8 @@ public:
         qint32 Buttons = 0; // the style passed (buttons + icon + default button)
         QString Title;      // as passed: empty means the application's title
         qint32 Answer = 0;  // what the box answered
+        // The window the box would have opened over (DialogParent).
+        QPointer<QWidget> Parent;
     };
     // Answers the next message box (vbOK, vbYes, vbNo, vbCancel, ...), in order.
     void QueueAnswer(qint32 lngAnswer);
