@@ -71,6 +71,8 @@ public:
     // The row's sentence for people.
     QString GetCriterionInPlainEnglish(qint16 Index);
     qint16 CriteriaCount() const { return intCriteriaCount; }
+    // The most rows a query may have.
+    static constexpr qint16 MaxCriteria = 50;
     // The condition and its words of the criteria last applied to the tree
     // (empty before the first apply and after New Criteria).
     QString WhereClauseInEffect() const { return m_strWhereClauseInEffect; }

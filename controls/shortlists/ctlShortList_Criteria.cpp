@@ -128,6 +128,14 @@ void ctlShortList::AddNewCriteria() {
     const auto entry = Entry("AddNewCriteria").Enter();
     entry.FullErrorBox([&] {
         const qint16 Index = intCriteriaCount;
+        // The store reads a condition of limited depth; more rows than this would
+        // only end in its error text at the apply.
+        if (Index >= MaxCriteria) {
+            Invalid(QStringLiteral("A Short-List can be narrowed by no more than %1 criteria. "
+                                   "Please apply these, or start again with New Criteria.")
+                        .arg(MaxCriteria));
+            return;
+        }
         if (Index >= m_rows.size())
             CreateCriteriaRow(Index);
         PlaceCriteriaRow(Index);

@@ -12,6 +12,8 @@
 
 #include <QComboBox>
 #include <QDateEdit>
+#include <QGroupBox>
+#include <QScrollArea>
 #include <QLineEdit>
 #include <QLabel>
 #include <QMap>
