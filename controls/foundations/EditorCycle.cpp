@@ -215,12 +215,22 @@ void EditorCycle::FinishSave(bool blnChangingToOtherControl) {
 
 // ---- Focus --------------------------------------------------------------------------
 
+// The control's own popups (a combo's list, a date picker's calendar) are
+// windows of their own but children of the control all the same.
 bool EditorCycle::Contains(const QWidget* widget) const {
-    return widget && m_control && (widget == m_control || m_control->isAncestorOf(widget));
+    for (const QWidget* w = widget; w && m_control; w = w->parentWidget())
+        if (w == m_control)
+            return true;
+    return false;
 }
 
+// Leaving is the focus going to another widget of the control's window. A
+// message box, a dialog or another window taking the focus is not leaving: the
+// focus comes back when it closes.
 void EditorCycle::focusChanged(QWidget* old, QWidget* now) {
-    if (m_blnAsking || !now || !Contains(old) || Contains(now))
+    if (m_blnAsking || !now || !m_control || !Contains(old) || Contains(now))
+        return;
+    if (now->window() != m_control->window())
         return;
     emit LostFocus();
 }

@@ -106,9 +106,10 @@ public:
 signals:
     // A watched widget of the tab changed (also while loading).
     void TabChanged(qint32 intTab);
-    // The focus went from the control or one of its children to a widget outside
-    // it. A window that loses activation keeps its focus widget and is not
-    // counted, nor is a move while the save question is being asked.
+    // The focus went from the control or one of its children to another widget
+    // of the same window. The focus going to another window (a message box, a
+    // dialog) or a window losing activation is not counted, nor is a move while
+    // the save question is being asked.
     void LostFocus();
     // The update event of the editor after a save, raised behind the guard.
     void Updated(bool blnChangingToOtherControl);

@@ -279,8 +279,14 @@ void ctlShortList::MoveSelected(VBTreeWidget* from, QPushButton* cmdMoveAll,
         RedrawLock lockFrom(from);
         RedrawLock lockTo(target);
         if (IsGroup(selected.Image())) {
-            while (selected.Children() > 0)
+            // Each move takes the first child away; one that cannot move ends it.
+            for (qint32 lngLeft = selected.Children(); lngLeft > 0;) {
                 (this->*move)(selected.Child().Key());
+                const qint32 lngNow = selected.Children();
+                if (lngNow >= lngLeft)
+                    break;
+                lngLeft = lngNow;
+            }
         } else {
             (this->*move)(selected.Key());
         }

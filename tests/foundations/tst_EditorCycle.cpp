@@ -96,6 +96,8 @@ private slots:
     void focusLeavingTheControlRaisesLostFocus();
     void focusMovingInsideTheControlIsNotLeavingIt();
     void focusLostWhileTheQuestionIsAskedIsNotCounted();
+    void focusGoingToAnotherWindowIsNotLeaving();
+    void focusGoingToTheControlsOwnPopupIsNotLeaving();
 };
 
 void tst_EditorCycle::aChangeRaisesOnlyTheFlagOfItsTab() {
@@ -384,6 +386,39 @@ void tst_EditorCycle::focusLostWhileTheQuestionIsAskedIsNotCounted() {
     platform.QueueAnswer(vbNo);
     w.editor->cycle->CleanControl(true);
     QVERIFY(platform.blnTookFocus);
+    QCOMPARE(lost.count(), 0);
+}
+
+void tst_EditorCycle::focusGoingToAnotherWindowIsNotLeaving() {
+    FocusWindow w;
+    QVERIFY(QTest::qWaitForWindowActive(&w.window));
+    QSignalSpy lost(w.editor->cycle, &EditorCycle::LostFocus);
+    w.editor->txtName->setFocus();
+    QTRY_VERIFY(w.editor->txtName->hasFocus());
+    QWidget box; // a message box or dialog of its own
+    auto* button = new QPushButton(QStringLiteral("OK"), &box);
+    box.show();
+    box.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&box));
+    button->setFocus();
+    QTRY_VERIFY(button->hasFocus());
+    QCOMPARE(lost.count(), 0);
+}
+
+void tst_EditorCycle::focusGoingToTheControlsOwnPopupIsNotLeaving() {
+    FocusWindow w;
+    QVERIFY(QTest::qWaitForWindowActive(&w.window));
+    QSignalSpy lost(w.editor->cycle, &EditorCycle::LostFocus);
+    w.editor->txtName->setFocus();
+    QTRY_VERIFY(w.editor->txtName->hasFocus());
+    // A window that belongs to the control, as a calendar popup does.
+    auto* popup = new QWidget(w.editor, Qt::Window);
+    auto* field = new QLineEdit(popup);
+    popup->show();
+    popup->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(popup));
+    field->setFocus();
+    QTRY_VERIFY(field->hasFocus());
     QCOMPARE(lost.count(), 0);
 }
 
