@@ -2,13 +2,13 @@
 
 #include "foundations/DirtyFlag.h"
 
+#include <QAbstractButton>
 #include <QList>
 #include <QObject>
 #include <QPointer>
 #include <QString>
 #include <functional>
 
-class QAbstractButton;
 class QWidget;
 
 // The edit-and-save cycle an editor control owns: a dirty flag per tab, the
