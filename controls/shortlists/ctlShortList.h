@@ -176,6 +176,7 @@ private:
     void SetJoinCaptions(const QString& strWord);
     void JoinClicked(QRadioButton* opt, const QString& strWord);
     ShortListCriterion Criterion(qint16 Index) const;
+    bool TrueOrFalseIsChosen(const CriteriaRow& r);
     bool ApplyToTrees(const QString& strWhereClause, QString& strErrorMessage);
     void UserControl_Resize();
 

@@ -298,6 +298,33 @@ void ctlShortList::cmdAndOr_Click(qint16 Index) {
 
 // ---- Checks and the WHERE text ----------------------------------------------------------
 
+namespace {
+// One check of a row: when it fails, its message is shown, the box named is
+// emptied and the focus goes to the editor named.
+struct Refusal {
+    bool blnFails;
+    const char* strMessage;
+    QWidget* focus;
+    QLineEdit* empty = nullptr;
+};
+
+// The first check that fails ends the checks with false.
+bool PassesAll(std::initializer_list<Refusal> refusals) {
+    for (const Refusal& r : refusals) {
+        if (!r.blnFails)
+            continue;
+        Invalid(QString::fromLatin1(r.strMessage));
+        if (r.empty)
+            r.empty->clear();
+        r.focus->setFocus();
+        return false;
+    }
+    return true;
+}
+} // namespace
+
+// Only the checks of the row's kind run. Text is always valid, the empty text
+// included; equal numbers pass "is between".
 bool ctlShortList::CriterionIsValid(qint16 Index) {
     const auto entry = Entry("CriterionIsValid").Arg(QStringLiteral("Index"), Index).Enter();
     bool blnValid = false;
@@ -307,62 +334,56 @@ bool ctlShortList::CriterionIsValid(qint16 Index) {
             throw VBError(VBErr::SubscriptOutOfRange);
         const qint16 intKind = static_cast<qint16>(r.cboFields->currentData().toInt());
         const QString strTag = r.cboOperator->property("Tag").toString();
-        auto refuse = [&](const QString& strMessage, QWidget* focus, QLineEdit* empty = nullptr) {
-            Invalid(strMessage);
-            if (empty)
-                empty->clear();
-            focus->setFocus();
-        };
         const QString T1 = r.txtCriterion1->text();
         const QString T2 = r.txtCriterion2->text();
-        if (intKind == ShortListCriterion::Number && strTag == QLatin1String("2Texts")) {
-            if (T1.isEmpty())
-                return refuse(QStringLiteral("The first number box is empty. Please enter a "
-                                             "number into it"),
-                              r.txtCriterion1);
-            if (T2.isEmpty())
-                return refuse(QStringLiteral("The second number box is empty. Please enter a "
-                                             "number into it"),
-                              r.txtCriterion2);
-            if (!VB::IsNumeric(T1))
-                return refuse(QStringLiteral("The contents of the first number box is not a "
-                                             "number. Please enter a number into it"),
-                              r.txtCriterion1, r.txtCriterion1);
-            if (!VB::IsNumeric(T2))
-                return refuse(QStringLiteral("The contents of the second number box is not a "
-                                             "number. Please enter a number into it"),
-                              r.txtCriterion2, r.txtCriterion2);
-            // Equal values pass.
-            if (VB::CDbl(T1) > VB::CDbl(T2))
-                return refuse(QStringLiteral("The value of the first number box must be less "
-                                             "than the value of the second one"),
-                              r.txtCriterion1);
-        } else if (intKind == ShortListCriterion::Number) {
-            if (T1.isEmpty())
-                return refuse(
-                    QStringLiteral("The number box is empty. Please enter a number into it"),
-                    r.txtCriterion1);
-            if (!VB::IsNumeric(T1))
-                return refuse(QStringLiteral("The contents of the number box is not a number. "
-                                             "Please enter a number into it"),
-                              r.txtCriterion1, r.txtCriterion1);
-        } else if (intKind == ShortListCriterion::Date && strTag == QLatin1String("2Dates")) {
-            if (r.dtpCriterion1->date() > r.dtpCriterion2->date())
-                return refuse(QStringLiteral("The value of the first date box must be less than "
-                                             "the value of the second date box"),
-                              r.dtpCriterion1);
-        } else if (intKind == ShortListCriterion::Boolean) {
-            const QString strValue = r.cboCriterion->currentText();
-            if (strValue != QLatin1String("True") && strValue != QLatin1String("False")) {
-                Invalid(QStringLiteral("Please set the criterion to True or False."));
-                r.cboCriterion->setCurrentIndex(r.cboCriterion->findText(QStringLiteral("True")));
-                r.cboCriterion->setFocus();
-                return;
-            }
-        }
-        blnValid = true;
+        if (intKind == ShortListCriterion::Number && strTag == QLatin1String("2Texts"))
+            blnValid = PassesAll(
+                {{T1.isEmpty(), "The first number box is empty. Please enter a number into it",
+                  r.txtCriterion1},
+                 {T2.isEmpty(), "The second number box is empty. Please enter a number into it",
+                  r.txtCriterion2},
+                 {!VB::IsNumeric(T1),
+                  "The contents of the first number box is not a number. Please enter a number "
+                  "into it",
+                  r.txtCriterion1, r.txtCriterion1},
+                 {!VB::IsNumeric(T2),
+                  "The contents of the second number box is not a number. Please enter a "
+                  "number into it",
+                  r.txtCriterion2, r.txtCriterion2},
+                 {VB::IsNumeric(T1) && VB::IsNumeric(T2) && VB::CDbl(T1) > VB::CDbl(T2),
+                  "The value of the first number box must be less than the value of the second "
+                  "one",
+                  r.txtCriterion1}});
+        else if (intKind == ShortListCriterion::Number)
+            blnValid = PassesAll(
+                {{T1.isEmpty(), "The number box is empty. Please enter a number into it",
+                  r.txtCriterion1},
+                 {!VB::IsNumeric(T1),
+                  "The contents of the number box is not a number. Please enter a number into "
+                  "it",
+                  r.txtCriterion1, r.txtCriterion1}});
+        else if (intKind == ShortListCriterion::Date && strTag == QLatin1String("2Dates"))
+            blnValid = PassesAll({{r.dtpCriterion1->date() > r.dtpCriterion2->date(),
+                                   "The value of the first date box must be less than the value "
+                                   "of the second date box",
+                                   r.dtpCriterion1}});
+        else if (intKind == ShortListCriterion::Boolean)
+            blnValid = TrueOrFalseIsChosen(r);
+        else
+            blnValid = true;
     });
     return blnValid;
+}
+
+// A True/False row without its choice is set to True after the message.
+bool ctlShortList::TrueOrFalseIsChosen(const CriteriaRow& r) {
+    const QString strValue = r.cboCriterion->currentText();
+    if (strValue == QLatin1String("True") || strValue == QLatin1String("False"))
+        return true;
+    Invalid(QStringLiteral("Please set the criterion to True or False."));
+    r.cboCriterion->setCurrentIndex(r.cboCriterion->findText(QStringLiteral("True")));
+    r.cboCriterion->setFocus();
+    return false;
 }
 
 ShortListCriterion ctlShortList::Criterion(qint16 Index) const {
