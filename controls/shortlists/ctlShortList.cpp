@@ -54,7 +54,8 @@ ctlShortList::ctlShortList(QWidget* parent) : QWidget(parent) {
     connect(m_cycle, &EditorCycle::Updated, this,
             [this](bool) { emit ShortListUpdated(lngShortListID); });
 
-    // UserControl_Initialize
+    // UserControl_Initialize: every service item on the left, one criteria row,
+    // and the counts beside the trees (which open a tree of 20 items or fewer).
     const auto entry = Entry("UserControl_Initialize").Enter();
     entry.Guarded([&] {
         QScopedValueRollback<bool> loading(blnLoading, true);
