@@ -13,15 +13,15 @@
 #include <QComboBox>
 #include <QDateEdit>
 #include <QGroupBox>
-#include <QScrollArea>
-#include <QLineEdit>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMap>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTextEdit>
+#include <QScrollArea>
 #include <QStringList>
 #include <QTest>
+#include <QTextEdit>
 
 namespace ShortListFixture {
 
