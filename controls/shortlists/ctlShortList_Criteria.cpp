@@ -429,7 +429,12 @@ QString ctlShortList::GetFieldName(const QString& strFieldNameInCombo) {
 // Only the last row is checked: the rows above it were checked when the row
 // after them was added. All rows are joined by the one join word.
 void ctlShortList::cmdApplyCriteria_Click() {
-    const auto entry = Entry("cmdApplyCriteria_Click").Spelt().Enter();
+    // Its failure prefix has two blanks before the colon.
+    const auto entry =
+        Entry("cmdApplyCriteria_Click")
+            .WithPrefix(QStringLiteral(
+                "QVLTCONTROLS:ctlShortList:cmdApplyCriteria_Click  : Error number is "))
+            .Enter();
     entry.ErrorBox([&] {
         if (intCriteriaCount < 1 || !CriterionIsValid(static_cast<qint16>(intCriteriaCount - 1)))
             return;
