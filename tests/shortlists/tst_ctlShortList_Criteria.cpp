@@ -3,6 +3,7 @@
 // what the apply does with the rows, and bad input.
 #include "ScriptedPlatform.h"
 #include "ShortListFixture.h"
+#include "TraceFile.h"
 #include "foundations/Twips.h"
 
 #include <QTest>
@@ -545,10 +546,12 @@ void tst_ctlShortList_Criteria::fileNameEqualsHasNoColumnAndTheApplyShowsTheStor
     m_library.Found(" = 'hymn.doc'", strStoreError);
     QVERIFY(!strStoreError.isEmpty());
     platform.QueueAnswer(vbOK);
+    TraceFile trace;
     ctl.cmdApplyCriteria->click();
     QCOMPARE(platform.BoxCount(), 1);
     QCOMPARE(platform.LastBox().Prompt,
              "QVLTCONTROLS:ctlShortList:cmdApplyCriteria_Click: " + strStoreError);
+    QVERIFY(trace.NewErrorLines().contains(platform.LastBox().Prompt));
     QVERIFY(before > 0);
     QCOMPARE(ctl.tvwAvailable->Count(), 0); // as the fill left it
 }
