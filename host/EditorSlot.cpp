@@ -1,5 +1,7 @@
 #include "EditorSlot.h"
 
+#include "foundations/Unloadable.h"
+
 #include <QVBoxLayout>
 
 EditorSlot::EditorSlot(QWidget* parent) : QWidget(parent) {
@@ -26,6 +28,9 @@ bool EditorSlot::Replace(QWidget* widget, CanUnloadFunction canUnload) {
     }
     m_current = widget;
     m_canUnload = std::move(canUnload);
+    if (!m_canUnload)
+        if (auto* unloadable = dynamic_cast<Unloadable*>(widget))
+            m_canUnload = [unloadable] { return unloadable->CanUnload(); };
     if (widget) {
         layout()->addWidget(widget);
         widget->show();

@@ -7,7 +7,8 @@
 
 // The right side of a page: holds one editor or list at a time. Before the
 // one in place is replaced it is asked whether it may go (its CanUnload),
-// which is where an editor offers to save.
+// which is where an editor offers to save. A widget that implements
+// Unloadable is asked through it unless Replace names another function.
 class EditorSlot : public QWidget {
     Q_OBJECT
 public:
@@ -16,7 +17,8 @@ public:
     explicit EditorSlot(QWidget* parent = nullptr);
 
     // Puts widget in place (the slot takes it over) once the one in place
-    // agreed to go; false, and widget deleted, when it did not.
+    // agreed to go; false, and widget deleted, when it did not. Without
+    // canUnload, an Unloadable widget answers for itself.
     bool Replace(QWidget* widget, CanUnloadFunction canUnload = {});
     // Asks the widget in place; true when the slot is empty.
     bool CanUnload();

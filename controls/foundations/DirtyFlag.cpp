@@ -5,11 +5,16 @@
 namespace SaveCycle {
 qint32 CleanControl(const DirtyFlag& flag, const QString& strPrompt,
                     const std::function<void()>& save, qint32 intButtons) {
-    if (!flag.IsSet())
+    return CleanControl(flag.IsSet(), strPrompt, save, intButtons);
+}
+
+qint32 CleanControl(bool blnDirty, const QString& strPrompt, const std::function<void()>& save,
+                    qint32 intButtons) {
+    if (!blnDirty)
         return 0;
     const qint32 answer =
         Platform::Current().MsgBox(strPrompt, intButtons, QStringLiteral("Save Changes?"));
-    if (answer == vbYes)
+    if (answer != vbNo)
         save();
     return answer;
 }

@@ -34,9 +34,12 @@ private:
 
 namespace SaveCycle {
 // CleanControl's question: when the flag is set, asks strPrompt under the title
-// "Save Changes?" with Yes and No; Yes runs save, No leaves the flag set so the
-// question comes again next time. Returns the answer, or 0 when nothing was
-// asked.
+// "Save Changes?" with Yes and No; any answer but No runs save, No leaves the
+// flag set so the question comes again next time. Returns the answer, or 0 when
+// nothing was asked.
 qint32 CleanControl(const DirtyFlag& flag, const QString& strPrompt,
                     const std::function<void()>& save, qint32 intButtons = vbYesNo | vbQuestion);
+// The same for an editor whose flags are read together (blnDirty: any is set).
+qint32 CleanControl(bool blnDirty, const QString& strPrompt, const std::function<void()>& save,
+                    qint32 intButtons = vbYesNo | vbQuestion);
 } // namespace SaveCycle
