@@ -13,6 +13,7 @@
 
 class MediaSound;
 class QWidget;
+struct ShortListChoice;
 
 // Flags of the monitor look-ups: what to answer for an area that lies on no
 // monitor.
@@ -121,6 +122,11 @@ public:
     // Multimedia on the Qt platform. Each player asks once, when it first loads
     // a file.
     virtual std::unique_ptr<MediaSound> CreateMediaSound();
+
+    // Lets the user choose one of the saved short-lists (ShortListPicker.h);
+    // returns its ShortListID, 0 for Cancel. The Qt platform shows
+    // ShortListPickerDialog.
+    virtual qint32 SelectShortList(const QList<ShortListChoice>& choices);
 
     Platform() = default;
     Platform(const Platform&) = delete;

@@ -2,6 +2,7 @@
 
 #include "foundations/MediaSound.h"
 #include "foundations/Platform.h"
+#include "foundations/ShortListPicker.h"
 
 #include <QFont>
 #include <QHash>
@@ -142,6 +143,13 @@ public:
     // emit platform.LastSound()->Finished().
     MediaSound* LastSound() const;
 
+    // ---- Short-list picker ------------------------------------------------------
+    // The id the next short-list picker answers (0 is Cancel). A picker with
+    // nothing queued fails the test and answers 0.
+    void QueueShortListChoice(qint32 lngShortListID) { m_shortListChoices.append(lngShortListID); }
+    // The short-lists each picker offered, in order.
+    const QList<QList<ShortListChoice>>& ShortListOffers() const { return m_shortListOffers; }
+
     // Forgets the records (not the queues).
     void ClearRecords();
 
@@ -171,6 +179,7 @@ public:
     qint32 TwipsPerPixelX() override;
     qint32 TwipsPerPixelY() override;
     std::unique_ptr<MediaSound> CreateMediaSound() override;
+    qint32 SelectShortList(const QList<ShortListChoice>& choices) override;
 
 private:
     void fail(const QString& strWhy);
@@ -206,5 +215,7 @@ private:
     // Shared with the sounds made, which may outlive this platform.
     std::shared_ptr<QStringList> m_soundCalls = std::make_shared<QStringList>();
     QPointer<MediaSound> m_lastSound;
+    QList<qint32> m_shortListChoices;
+    QList<QList<ShortListChoice>> m_shortListOffers;
     Platform* m_previous = nullptr;
 };
