@@ -20,6 +20,9 @@ ScriptedPlatform::~ScriptedPlatform() {
     if (!m_shortListChoices.isEmpty() && !alreadyFailed)
         fail(QStringLiteral("%1 queued short-list choice(s) never used")
                  .arg(m_shortListChoices.size()));
+    if (!m_songBreakdowns.isEmpty() && !alreadyFailed)
+        fail(QStringLiteral("%1 queued song breakdown answer(s) never used")
+                 .arg(m_songBreakdowns.size()));
     if (Platform::Installed() == this)
         Platform::Install(m_previous);
 }
@@ -345,6 +348,7 @@ void ScriptedPlatform::ClearRecords() {
     m_monitorInfoCalls.clear();
     m_soundCalls->clear();
     m_shortListOffers.clear();
+    m_songBreakdownOffers.clear();
 }
 
 // ---- Short-list picker --------------------------------------------------------
@@ -356,4 +360,16 @@ qint32 ScriptedPlatform::SelectShortList(const QList<ShortListChoice>& choices) 
         return 0;
     }
     return m_shortListChoices.takeFirst();
+}
+
+// ---- Song breakdown wizard ------------------------------------------------------
+
+bool ScriptedPlatform::RunSongBreakdownWizard(const QString& strTitle,
+                                              SongBreakdown::Breakdown& breakdown) {
+    m_songBreakdownOffers.append({strTitle, breakdown});
+    if (m_songBreakdowns.isEmpty()) {
+        fail(QStringLiteral("unexpected song breakdown wizard (no answer queued)"));
+        return false;
+    }
+    return m_songBreakdowns.takeFirst()(breakdown);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "SongBreakdown.h"
 #include "foundations/MediaSound.h"
 #include "foundations/Platform.h"
 #include "foundations/ShortListPicker.h"
@@ -150,6 +151,20 @@ public:
     // The short-lists each picker offered, in order.
     const QList<QList<ShortListChoice>>& ShortListOffers() const { return m_shortListOffers; }
 
+    // ---- Song breakdown wizard ------------------------------------------------
+    // What the next wizard does with the breakdown proposed: changes it (or
+    // not) and answers true for Finish, false for Cancel. A wizard with nothing
+    // queued fails the test and is cancelled.
+    using SongBreakdownAnswer = std::function<bool(SongBreakdown::Breakdown&)>;
+    void QueueSongBreakdown(SongBreakdownAnswer answer) {
+        m_songBreakdowns.append(std::move(answer));
+    }
+    struct SongBreakdownOffer {
+        QString Title;
+        SongBreakdown::Breakdown Proposal;
+    };
+    const QList<SongBreakdownOffer>& SongBreakdownOffers() const { return m_songBreakdownOffers; }
+
     // Forgets the records (not the queues).
     void ClearRecords();
 
@@ -180,6 +195,8 @@ public:
     qint32 TwipsPerPixelY() override;
     std::unique_ptr<MediaSound> CreateMediaSound() override;
     qint32 SelectShortList(const QList<ShortListChoice>& choices) override;
+    bool RunSongBreakdownWizard(const QString& strTitle,
+                                SongBreakdown::Breakdown& breakdown) override;
 
 private:
     void fail(const QString& strWhy);
@@ -217,5 +234,7 @@ private:
     QPointer<MediaSound> m_lastSound;
     QList<qint32> m_shortListChoices;
     QList<QList<ShortListChoice>> m_shortListOffers;
+    QList<SongBreakdownAnswer> m_songBreakdowns;
+    QList<SongBreakdownOffer> m_songBreakdownOffers;
     Platform* m_previous = nullptr;
 };
