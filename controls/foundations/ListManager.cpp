@@ -77,6 +77,13 @@ ListManager::ListManager(QWidget* parent) : QWidget(parent) {
     connect(lstChosen, &QListWidget::itemSelectionChanged, this, &ListManager::SetUpButtons);
     lstAvailable->installEventFilter(this);
     lstChosen->installEventFilter(this);
+    // Tab goes from the available list through the move buttons to the chosen
+    // list, then to the new entry.
+    setTabOrder(lstAvailable, cmdAdd);
+    setTabOrder(cmdAdd, cmdRemove);
+    setTabOrder(cmdRemove, lstChosen);
+    setTabOrder(lstChosen, txtNewItem);
+    setTabOrder(txtNewItem, cmdNew);
     SetUpButtons();
 }
 

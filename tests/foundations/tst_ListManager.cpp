@@ -87,6 +87,7 @@ private slots:
     void renamingAChosenEntryRaisesItemUpdated();
     void renamingToEmptyOrADuplicatePutsTheTextBack();
     void buttonsFollowTheSelection();
+    void tabGoesFromAvailableThroughTheButtonsToChosenAndNewEntry();
     void tagIsAFreeTextTheWidgetNeverTouches();
     void failureInAHandlerIsReportedNotPassedOn();
 };
@@ -419,6 +420,20 @@ void tst_ListManager::buttonsFollowTheSelection() {
     QVERIFY(l.button("cmdRemove")->isEnabled());
     l.newItem->setText(QStringLiteral("Lent"));
     QVERIFY(l.button("cmdNew")->isEnabled());
+}
+
+void tst_ListManager::tabGoesFromAvailableThroughTheButtonsToChosenAndNewEntry() {
+    Lists l;
+    const QList<QWidget*> stops = {l.available, l.button("cmdAdd"), l.button("cmdRemove"),
+                                   l.chosen,    l.newItem,          l.button("cmdNew")};
+    // The focus chain from the available list, counting only these stops once each.
+    QList<QWidget*> seen{l.available};
+    for (QWidget* w = l.available->nextInFocusChain(); w != l.available && seen.size() < 6;
+         w = w->nextInFocusChain()) {
+        if (stops.contains(w) && !seen.contains(w))
+            seen << w;
+    }
+    QCOMPARE(seen, stops);
 }
 
 void tst_ListManager::tagIsAFreeTextTheWidgetNeverTouches() {
