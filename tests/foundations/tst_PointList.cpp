@@ -84,6 +84,7 @@ private slots:
     void inPlaceEditorIsLimitedToTheLongestText();
     void notesEditedAreStoredWhenTheSelectionMoves();
     void notesUnchangedRaiseNothing();
+    void notesAreStoredWhenTheNotesBoxLosesFocus();
     void keyboardAddsDeletesIndentsAndMoves();
     void buttonsFollowTheSelection();
 };
@@ -445,6 +446,22 @@ void tst_PointList::notesUnchangedRaiseNothing() {
     o.select("B2");
     o.select("C");
     QCOMPARE(notes.count(), 0);
+}
+
+void tst_PointList::notesAreStoredWhenTheNotesBoxLosesFocus() {
+    Outline o;
+    o.loadSermon();
+    QSignalSpy notes(&o.list, &PointList::PointNotesChanged);
+    o.select("B2");
+    o.notes->setPlainText(QStringLiteral("Ephesians 2:8"));
+    QFocusEvent focusOut(QEvent::FocusOut, Qt::TabFocusReason);
+    QCoreApplication::sendEvent(o.notes, &focusOut);
+    QCOMPARE(notes.count(), 1);
+    QCOMPARE(o.list.PointByKey("B2").Notes().toString(), QStringLiteral("Ephesians 2:8"));
+    // Leaving again without a change, or moving on, raises nothing more.
+    QCoreApplication::sendEvent(o.notes, &focusOut);
+    o.select("C");
+    QCOMPARE(notes.count(), 1);
 }
 
 void tst_PointList::keyboardAddsDeletesIndentsAndMoves() {
