@@ -2,13 +2,13 @@
 
 #include <QPointer>
 #include <QString>
+#include <QTreeWidget>
 #include <QWidget>
 
 class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
-class QTreeWidget;
 
 // A filter bar over a list view: as the user types into txtFilter, the rows
 // of the list whose text does not hold what was typed are hidden. cboColumn
@@ -30,6 +30,7 @@ class QTreeWidget;
 // row shown.
 class RKLvwBannerFilter : public QWidget {
     Q_OBJECT
+    Q_PROPERTY(QTreeWidget* ListView READ ListView WRITE setListView)
     Q_PROPERTY(QString ItemDescription READ ItemDescription WRITE setItemDescription)
     Q_PROPERTY(QString FilterText READ FilterText WRITE setFilterText)
 
