@@ -476,11 +476,11 @@ void ctlOptions::cboTransition_Click() {
         }
         const QVariant varType = cboTransition->currentData();
         if (VB::CLng(varType) == DataAccess::transCut) {
-            // A cut has no speed.
+            // A cut has no speed: the field holds an empty text (it takes no Null).
             cboTransitionSpeed->setEnabled(false);
             cboTransitionSpeed->setCurrentIndex(-1);
             StoreOptions({{QStringLiteral("RunModeTransType"), varType},
-                          {QStringLiteral("RunModeTransSpeed"), QString()}});
+                          {QStringLiteral("RunModeTransSpeed"), QStringLiteral("")}});
             return;
         }
         StoreOption(QStringLiteral("RunModeTransType"), varType);
