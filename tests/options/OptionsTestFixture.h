@@ -10,6 +10,7 @@
 #include "DataAccess.h"
 #include "Settings.h"
 #include "foundations/SSTab.h"
+#include "foundations/Twips.h"
 #include "options/ctlOptions.h"
 
 #include <QDir>
