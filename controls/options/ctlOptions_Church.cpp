@@ -108,7 +108,7 @@ QWidget* ctlOptions::CreateChurchTab() {
     auto* logoRow = new QHBoxLayout;
     logoRow->addWidget(txtChurchLogoFilename, 1);
     logoRow->addWidget(cmdBrowseChurchLogo);
-    form->addRow(QStringLiteral("&Logo:"), logoRow);
+    form->addRow(QStringLiteral("Logo:"), logoRow);
 
     imgChurchLogo = Named(new QLabel, QStringLiteral("imgChurchLogo"));
     imgChurchLogo->setFixedSize(Twips::ToPixels(2400), Twips::ToPixels(1800));

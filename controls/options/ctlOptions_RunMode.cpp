@@ -83,12 +83,14 @@ QWidget* ctlOptions::CreateRunModeTab() {
                           QStringLiteral("fraRunModeText"));
     lblBackGround2 = Named(new QLabel, QStringLiteral("lblBackGround2"));
     lblBackGround2->setAutoFillBackground(true);
-    lblBackGround2->setMinimumSize(Twips::ToPixels(4200), Twips::ToPixels(1500));
+    lblBackGround2->setMinimumSize(Twips::ToPixels(6000), Twips::ToPixels(1800));
     lblBackGround2->setFrameShape(QFrame::Box);
     lblRunModeSample = Named(new QLabel(QStringLiteral("Sample Text"), lblBackGround2),
                              QStringLiteral("lblRunModeSample"));
     lblRunModeSample->setAutoFillBackground(true);
     lblRunModeSample->setAlignment(Qt::AlignCenter);
+    // Large sizes break the sample into two lines rather than cut it off.
+    lblRunModeSample->setWordWrap(true);
     auto* sampleLayout = new QVBoxLayout(lblBackGround2);
     sampleLayout->addWidget(lblRunModeSample, 0, Qt::AlignCenter);
     cmdChangeFont =
@@ -143,6 +145,7 @@ QWidget* ctlOptions::CreateRunModeTab() {
     auto* fraPoints =
         Named(new QGroupBox(QStringLiteral("Points lists")), QStringLiteral("fraPoints"));
     cboDisplayPointsMode = Named(new QComboBox, QStringLiteral("cboDisplayPointsMode"));
+    cboDisplayPointsMode->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     FillCombo(cboDisplayPointsMode,
               {{QStringLiteral("Only show one point at a time"), 4},
                {QStringLiteral("Show all points by revealing them one at a time"), 5},
@@ -160,11 +163,11 @@ QWidget* ctlOptions::CreateRunModeTab() {
         detailsBox->addWidget(chk);
 
     auto* grid = new QGridLayout(page);
-    grid->addWidget(fraText, 0, 0);
-    grid->addWidget(fraPicture, 0, 1);
-    grid->addWidget(fraTransitions, 1, 0);
-    grid->addWidget(fraPoints, 1, 1);
-    grid->addWidget(fraDetails, 2, 0, 1, 2);
+    grid->addWidget(fraText, 0, 0, 1, 2);
+    grid->addWidget(fraPicture, 1, 0);
+    grid->addWidget(fraTransitions, 1, 1);
+    grid->addWidget(fraPoints, 2, 0);
+    grid->addWidget(fraDetails, 2, 1);
     grid->setRowStretch(3, 1);
     return page;
 }

@@ -75,6 +75,7 @@ QWidget* ctlOptions::CreateServiceBuildingTab() {
     fgServiceItemTypes->setSelectionMode(QAbstractItemView::SingleSelection);
     fgServiceItemTypes->setSelectionBehavior(QAbstractItemView::SelectItems);
     fgServiceItemTypes->setWordWrap(true);
+    fgServiceItemTypes->setTextElideMode(Qt::ElideNone);
     column->addWidget(fgServiceItemTypes, 1);
 
     // Not in the layout: it floats over the current cell.
@@ -102,9 +103,13 @@ void ctlOptions::LoadServiceBuildingTab() {
         for (int col = 0; col < kColumnCount; ++col) {
             fg->setColumnWidth(col, Twips::ToPixels(kColumns[col].Width));
             auto* header = NewCell(kColumns[col].Header, Qt::AlignCenter);
-            QFont bold = header->font();
+            // A little smaller than the cells, so that the long headers fit
+            // their narrow columns in the header row's height.
+            QFont bold = fg->font();
             bold.setBold(true);
+            bold.setPointSizeF(bold.pointSizeF() * 0.85);
             header->setFont(bold);
+            header->setToolTip(kColumns[col].Header);
             header->setFlags(Qt::ItemIsEnabled);
             header->setBackground(fg->palette().button());
             fg->setItem(0, col, header);
@@ -128,6 +133,7 @@ void ctlOptions::LoadServiceBuildingTab() {
             name->setIcon(lngTypeID >= 1 && lngTypeID <= imgSITypes->Count()
                               ? imgSITypes->Icon(lngTypeID)
                               : QIcon(StandardIcons::ServiceItemType(lngTypeID)));
+            name->setToolTip(name->text());
             fg->setItem(row, 0, name);
             for (int col = 1; col <= 3; ++col)
                 fg->setItem(row, col,
