@@ -192,6 +192,14 @@ private:
     void cboBackgroundImages_KeyPress(qint16& KeyAscii);
 
     // Run-mode helpers.
+    QGroupBox* CreateRunModeTextFrame();
+    QGroupBox* CreateBackgroundFrame();
+    QGroupBox* CreateTransitionsFrame();
+    void FillTransitionLists();
+    bool FillBackgroundList();
+    void ShowStoredBackground(const Recordset& rs);
+    void ShowStoredTransition(const Recordset& rs);
+    static bool UseTransitionsIsOn(qint32 lngBufferSize);
     void ApplyRunModeLook(const Recordset& rs);
     void SetSampleColours(qint32 lngForeColor, qint32 lngBackColor);
     void ClearBackgroundPreview();
