@@ -202,6 +202,7 @@ private:
     static bool UseTransitionsIsOn(qint32 lngBufferSize);
     void ApplyRunModeLook(const Recordset& rs);
     void SetSampleColours(qint32 lngForeColor, qint32 lngBackColor);
+    void FitSamplePanel();
     void ClearBackgroundPreview();
     // Church helpers.
     void ShowChurchLogoMissing();

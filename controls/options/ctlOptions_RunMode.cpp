@@ -107,25 +107,23 @@ QGroupBox* ctlOptions::CreateRunModeTextFrame() {
                           QStringLiteral("fraRunModeText"));
     lblBackGround2 = Named(new QLabel, QStringLiteral("lblBackGround2"));
     lblBackGround2->setAutoFillBackground(true);
-    lblBackGround2->setMinimumSize(Twips::ToPixels(6000), Twips::ToPixels(1800));
     lblBackGround2->setFrameShape(QFrame::Box);
     lblRunModeSample = Named(new QLabel(QStringLiteral("Sample Text"), lblBackGround2),
                              QStringLiteral("lblRunModeSample"));
     lblRunModeSample->setAutoFillBackground(true);
     lblRunModeSample->setAlignment(Qt::AlignCenter);
-    // Large sizes break the sample into two lines rather than cut it off.
-    lblRunModeSample->setWordWrap(true);
     auto* sampleLayout = new QVBoxLayout(lblBackGround2);
     sampleLayout->addWidget(lblRunModeSample, 0, Qt::AlignCenter);
+    FitSamplePanel();
     cmdChangeFont =
         Named(new QPushButton(QStringLiteral("&Change Font")), QStringLiteral("cmdChangeFont"));
     cmdChangeBackgroundColor = Named(new QPushButton(QStringLiteral("Change &Background Color")),
                                      QStringLiteral("cmdChangeBackgroundColor"));
     auto* textGrid = new QGridLayout(fraText);
-    textGrid->addWidget(lblBackGround2, 0, 0, 3, 1);
-    textGrid->addWidget(cmdChangeFont, 0, 1);
+    textGrid->addWidget(lblBackGround2, 0, 0, 1, 3);
+    textGrid->addWidget(cmdChangeFont, 1, 0);
     textGrid->addWidget(cmdChangeBackgroundColor, 1, 1);
-    textGrid->setColumnStretch(0, 1);
+    textGrid->setColumnStretch(2, 1);
 
     return fraText;
 }
@@ -190,6 +188,7 @@ void ctlOptions::ApplyRunModeLook(const Recordset& rs) {
     if (dblSize > 0)
         fnt.setPointSizeF(dblSize);
     lblRunModeSample->setFont(fnt);
+    FitSamplePanel();
     if (!strName.isEmpty() && !QFontDatabase::hasFamily(strName))
         Platform::Current().MsgBox(
             QStringLiteral("The font \"%1\" chosen for running services is not installed on "
@@ -208,6 +207,15 @@ void ctlOptions::ApplyRunModeLook(const Recordset& rs) {
             QStringLiteral("The colours stored for running services are not valid colours. The "
                            "sample shows the standard colours until you choose others."),
             vbOKOnly | vbExclamation, QStringLiteral("Colour not valid"));
+}
+
+// The panel keeps its designed size and grows with the sample, so that a
+// large font is seen whole (the tab scrolls) rather than cut off.
+void ctlOptions::FitSamplePanel() {
+    constexpr int intMargin = 24;
+    const QSize text = lblRunModeSample->sizeHint();
+    lblBackGround2->setMinimumSize(std::max(Twips::ToPixels(6000), text.width() + intMargin),
+                                   std::max(Twips::ToPixels(1800), text.height() + intMargin));
 }
 
 void ctlOptions::SetSampleColours(qint32 lngForeColor, qint32 lngBackColor) {
@@ -240,6 +248,7 @@ void ctlOptions::cmdChangeFont_Click() {
             return;
         }
         lblRunModeSample->setFont(fnt);
+        FitSamplePanel();
         SetSampleColours(lngColor,
                          BgrFromColor(lblRunModeSample->palette().color(QPalette::Window)));
         StoreOptions({{QStringLiteral("RunModeFontName"), fnt.family()},

@@ -42,6 +42,7 @@ private slots:
     void colourOfMinusOneFromADialogIsRefusedWithAMessage();
     void storedColourOfMinusOneShowsTheStandardColoursWithAMessage();
     void fontThatIsNotInstalledIsReportedAndTheTabStillLoads();
+    void samplePanelGrowsSoThatALargeFontIsSeenWhole();
 
     // The details and points.
     void detailCheckBoxesShowTheirFields();
@@ -236,6 +237,23 @@ void tst_ctlOptions_RunMode::fontThatIsNotInstalledIsReportedAndTheTabStillLoads
     QCOMPARE(options.cboDisplayPointsMode->currentIndex(), 1);
     QCOMPARE(options.cboTransition->count(), 8);
     QCOMPARE(m_db->Count(QStringLiteral("Options")), 1);
+}
+
+void tst_ctlOptions_RunMode::samplePanelGrowsSoThatALargeFontIsSeenWhole() {
+    ScriptedPlatform platform;
+    ctlOptions options;
+    ShowTab(options, 2);
+    const int intDesigned = options.lblBackGround2->minimumWidth();
+    QVERIFY(intDesigned >= options.lblRunModeSample->sizeHint().width());
+    QFont large(QStringLiteral("DejaVu Sans"));
+    large.setPointSizeF(96);
+    platform.QueueFont(large);
+    platform.QueueColor(0xFFFFFF);
+    options.cmdChangeFont->click();
+    QVERIFY(options.lblBackGround2->minimumWidth() > intDesigned);
+    QVERIFY(options.lblBackGround2->minimumWidth() >= options.lblRunModeSample->sizeHint().width());
+    QVERIFY(options.lblBackGround2->minimumHeight() >=
+            options.lblRunModeSample->sizeHint().height());
 }
 
 // ---------------------------------------------------------------- details, points
