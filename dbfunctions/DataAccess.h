@@ -9,7 +9,6 @@
 
 #include <memory>
 
-class QComboBox;
 class QTextEdit;
 class QWidget;
 
@@ -348,10 +347,44 @@ public:
     // The folder part of a full file name, with its trailing separator ("/a/b/c.pdb" gives
     // "/a/b/"); "\" counts as a separator too. Empty when the path holds no folder.
     void GetFolderOfPath(const QString& strPath, QString& strFolder);
-    // Not available yet: answer an error text.
-    void FillTransitionCombos(QComboBox* cboTransition, QComboBox* cboTransitionSpeed,
+    // One entry of a list that the options screen offers: its text and its item data, the
+    // value that is stored when the entry is chosen. The storage layer has no user interface,
+    // so it hands over the entries and the screen fills its own combo boxes with them.
+    struct ListEntry {
+        QString Text;
+        QVariant ItemData;
+    };
+    // The transitions the projector window performs from one slide to the next, stored in
+    // RunModeTransType, and their speeds, stored in RunModeTransSpeed. transCut changes the
+    // picture at once and has no speed (its RunModeTransSpeed is stored empty).
+    enum RunModeTransition : qint32 {
+        transFade = 0,                 // the new slide fades in over the old one
+        transDissolveThroughBlack = 1, // the old slide fades to black, then the new one fades in
+        transSlideLeft = 2,            // the new slide pushes in from the right, moving left
+        transSlideRight = 3,           // the new slide pushes in from the left, moving right
+        transSlideUp = 4,              // the new slide pushes in from below, moving up
+        transSlideDown = 5,            // the new slide pushes in from above, moving down
+        transWipe = 6,                 // the new slide is uncovered from left to right
+        transCut = 38,                 // no animation
+    };
+    enum RunModeTransitionSpeed : qint32 { speedSlow = 0, speedMedium = 1, speedFast = 2 };
+    // The duration in milliseconds of a stored speed: slow 1000, medium 600, fast 300; any
+    // other value (empty, unknown) counts as medium.
+    static qint32 TransitionDuration(const QVariant& varSpeed);
+    // Transitions: "Cut (no transition)", "Fade", "Dissolve through black", "Slide left",
+    // "Slide right", "Slide up", "Slide down", "Wipe", with the numbers above as item data.
+    // Speeds: "Slow", "Medium", "Fast", with speedSlow..speedFast as item data.
+    void FillTransitionCombos(QList<ListEntry>& Transitions, QList<ListEntry>& Speeds,
                               QString& strErrorMessage);
-    void FillBackgroundImageCombo(QComboBox* cboBackgroundImages, QString& strErrorMessage);
+    // "(None)" with item data 0, then every picture item (types 4 and 5) by description, with
+    // its ServiceItemID as item data.
+    void FillBackgroundImageCombo(QList<ListEntry>& BackgroundImages, QString& strErrorMessage);
+    // The file name of the church logo's copy in a folder: "ChurchLogo." + the extension of
+    // strFileName (the text after its last ".").
+    static QString ChurchLogoName(const QString& strFileName);
+    // Copies a picture into the data folder as ChurchLogoName(strFileName), replacing a copy of
+    // that name; copies of other extensions stay. A missing file or one that is not a picture
+    // is refused with an error text and nothing is copied.
     void CopyChurchLogo(const QString& strFileName, QString& strErrorMessage);
 
     // ---- Import and export (not available yet: answer an error text) --------------------

@@ -4,24 +4,10 @@
 #include "TraceLog.h"
 
 // Operations that open dialogs or drive other programs (word processor, printing, import and
-// export, widgets filled by the library). They come with a later release; until then each
-// answers a clear error text and changes nothing.
+// export). They come with a later release; until then each answers a clear error text and
+// changes nothing.
 
 using P = DataAccessPrivate;
-
-void DataAccess::FillTransitionCombos(QComboBox*, QComboBox*, QString& strErrorMessage) {
-    P::NotAvailable(strErrorMessage, "FillTransitionCombos",
-                    QStringLiteral("The list of transitions"));
-}
-
-void DataAccess::FillBackgroundImageCombo(QComboBox*, QString& strErrorMessage) {
-    P::NotAvailable(strErrorMessage, "FillBackgroundImageCombo",
-                    QStringLiteral("Filling the list of background images"));
-}
-
-void DataAccess::CopyChurchLogo(const QString&, QString& strErrorMessage) {
-    P::NotAvailable(strErrorMessage, "CopyChurchLogo", QStringLiteral("Copying the church logo"));
-}
 
 void DataAccess::ImportFile(const QString&, QString& strErrorMessage) {
     P::NotAvailable(strErrorMessage, "ImportFile", QStringLiteral("Import"));

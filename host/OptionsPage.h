@@ -2,16 +2,23 @@
 
 #include "HostPage.h"
 
-// The system options, filling the page (there is no gallery). Until the
-// options control takes its place it shows the settings in force: those of
-// Corvantis.ini and how a run looks.
+class ctlOptions;
+
+// The system options, filling the page (there is no gallery): the options
+// control, whose changes are stored the moment they are made. Its events are
+// passed on for the main window.
 class OptionsPage : public HostPage {
     Q_OBJECT
 public:
     explicit OptionsPage(QWidget* parent = nullptr);
 
+    // The control, once the page has been shown.
+    ctlOptions* Options() const;
+
 signals:
     void AboutCorvantis();
+    // The sample mode or the data path changed: both need a restart.
+    void SampleModeValueChanged();
 
 protected:
     void Load() override;

@@ -273,6 +273,14 @@ QFont Platform::ShowFont(const QFont& fntInitial, bool blnCancelError) {
     return font;
 }
 
+QFont Platform::ShowFontAndColor(const QFont& fntInitial, qint32& lngColor, qint32 lngFlags,
+                                 bool blnCancelError) {
+    const QFont font = ShowFont(fntInitial, blnCancelError);
+    if ((lngFlags & cdlCFEffects) != 0)
+        lngColor = ShowColor(lngColor, blnCancelError);
+    return font;
+}
+
 qint32 Platform::ShowColor(qint32 lngInitial, bool blnCancelError) {
     QColor color;
     if (haveWidgets())

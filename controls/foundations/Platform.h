@@ -85,6 +85,14 @@ public:
     // returning the font or colour passed in when blnCancelError is off.
     virtual QFont ShowFont(const QFont& fntInitial, bool blnCancelError = true);
     virtual qint32 ShowColor(qint32 lngInitial, bool blnCancelError = true);
+    // The font dialog with the common dialog's flags (the sum of cdlCF... values). When they
+    // include cdlCFEffects the user also picks the colour of the text, passed in and returned
+    // in lngColor (BGR); Qt's font dialog has no colour, so the default shows ShowFont and then
+    // ShowColor. A cancel in either raises 32755 when blnCancelError is set, with lngColor
+    // unchanged.
+    static constexpr qint32 cdlCFEffects = 0x100;
+    virtual QFont ShowFontAndColor(const QFont& fntInitial, qint32& lngColor, qint32 lngFlags,
+                                   bool blnCancelError = true);
 
     // Pumps pending messages (DoEvents).
     virtual void DoEvents();

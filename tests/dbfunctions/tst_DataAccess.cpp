@@ -856,12 +856,6 @@ private slots:
         check("OpenTemplate");
         da().RunServiceItem(2, error);
         check("RunServiceItem");
-        da().FillTransitionCombos(nullptr, nullptr, error);
-        check("FillTransitionCombos");
-        da().FillBackgroundImageCombo(nullptr, error);
-        check("FillBackgroundImageCombo");
-        da().CopyChurchLogo("/tmp/logo.bmp", error);
-        check("CopyChurchLogo");
         da().IsWordInstalled("", "", flag);
         QVERIFY(!flag);
         flag = true;
