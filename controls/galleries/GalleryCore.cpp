@@ -267,6 +267,25 @@ QString GalleryCore::LandingKey(const VBNode& node) {
     return kRoot;
 }
 
+qint16 GalleryCore::NeighbourPosition() const {
+    if (TreeShown()) {
+        const VBNode node = m_tree->SelectedItem();
+        if (!node)
+            return 0;
+        if (const VBNode previous = node.Previous())
+            return static_cast<qint16>(previous.Index());
+        if (const VBNode next = node.Next())
+            return static_cast<qint16>(next.Index());
+        if (const VBNode parent = node.Parent())
+            return static_cast<qint16>(parent.Index());
+        return 0;
+    }
+    const VBNode item = m_list->SelectedItem();
+    if (item && m_list->topLevelItemCount() >= 2)
+        return static_cast<qint16>(item.Index());
+    return 0;
+}
+
 bool GalleryCore::ExportSelection(QString& strIDs, QString& strDescription,
                                   const QString& strSingleListText) const {
     if (!TreeShown()) {

@@ -138,6 +138,10 @@ public:
     // the next sibling; the only item of a group lands on the neighbouring group
     // (the next, else the previous); a lone group or the root on "Root".
     static QString LandingKey(const VBNode& node);
+    // Where the selection would go by position: the index of the previous
+    // sibling, the next sibling or the parent; in the list the selected item's
+    // index when the list holds two or more; else 0.
+    qint16 NeighbourPosition() const;
     // The ids and description of the selection for an export: the root every item
     // node shown, an item itself, a group its children, in the list the selected
     // items (one under strSingleListText). False when there is nothing to export.

@@ -280,7 +280,6 @@ private:
     QMimeData* DragData() const;
     void PopupMenu(QMenu* mnu);
     void NewFromSelection(bool blnListWithoutItemGivesNone);
-    qint16 NeighbourPosition() const;
     void DeleteSelection();
     void EditSelection();
     void ImportServiceItem();

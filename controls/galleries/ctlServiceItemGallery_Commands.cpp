@@ -248,35 +248,14 @@ void ctlServiceItemGallery::DeleteServiceItem(qint32 lngServiceItemID, QString& 
                 kQuestionStyle, QStringLiteral("Confirm Delete"));
             if (intAnswer != vbYes)
                 return;
-            const qint16 intPosition = NeighbourPosition();
+            // RefreshView does not read the position.
+            const qint16 intPosition = m_core->NeighbourPosition();
             DataAccess::Instance().DeleteServiceItem(lngServiceItemID, strErrorMessage);
             if (!strErrorMessage.isEmpty())
                 Platform::Current().MsgBox(strErrorMessage);
             else
                 RefreshView(intPosition);
         });
-}
-
-// Where the selection would go: the index of the previous sibling, the next
-// sibling or the parent; in the list the selected item's index. RefreshView does
-// not read it.
-qint16 ctlServiceItemGallery::NeighbourPosition() const {
-    if (!tvwServiceItems->isHidden()) {
-        const VBNode node = tvwServiceItems->SelectedItem();
-        if (!node)
-            return 0;
-        if (const VBNode previous = node.Previous())
-            return static_cast<qint16>(previous.Index());
-        if (const VBNode next = node.Next())
-            return static_cast<qint16>(next.Index());
-        if (const VBNode parent = node.Parent())
-            return static_cast<qint16>(parent.Index());
-        return 0;
-    }
-    const VBNode item = lvwServiceItems->SelectedItem();
-    if (item && lvwServiceItems->topLevelItemCount() >= 2)
-        return static_cast<qint16>(item.Index());
-    return 0;
 }
 
 void ctlServiceItemGallery::DeleteServiceItems(const QString& strSIs) {
