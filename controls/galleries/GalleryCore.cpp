@@ -79,6 +79,66 @@ bool GalleryCore::PanelOpen() const {
     return cmdShowHideFilter->text() == kHidePanelCaption;
 }
 
+// ---------------------------------------------------------------- Shared handlers
+
+void GalleryCore::Timer1_Timer(bool blnLoaded,
+                               const std::function<void()>& CheckIfShouldApplyFilter) {
+    MemberEntry(m_table.strClass, QStringLiteral("Timer1_Timer")).Spelt().Enter().ErrorBox([&] {
+        if (blnLoaded)
+            CheckIfShouldApplyFilter();
+        Timer1->stop();
+    });
+}
+
+void GalleryCore::cboProperty_Click(const std::function<void()>& CheckIfShouldApplyFilter) {
+    MemberEntry(m_table.strClass, QStringLiteral("cboProperty_Click"))
+        .Spelt()
+        .Enter()
+        .ErrorBox([&] {
+            PropertyChosen();
+            CheckIfShouldApplyFilter();
+        });
+}
+
+void GalleryCore::cboOperator_Click(const std::function<void()>& CheckIfShouldApplyFilter) {
+    MemberEntry(m_table.strClass, QStringLiteral("cboOperator_Click"))
+        .Spelt()
+        .Enter()
+        .ErrorBox([&] {
+            OperatorChosen();
+            CheckIfShouldApplyFilter();
+        });
+}
+
+void GalleryCore::cboGroupByProperty_Click(bool blnLoaded, const std::function<void()>& load) {
+    MemberEntry(m_table.strClass, QStringLiteral("cboGroupByProperty_Click"))
+        .Spelt()
+        .Enter()
+        .ErrorBox([&] {
+            if (blnLoaded)
+                load();
+        });
+}
+
+// Sets the filter's words and clause as a side effect.
+QString GalleryCore::GetFilterAsWhereClause(QString& strFilterInPlainEnglish,
+                                            QString& strWhereClauseInEffect) {
+    const auto entry =
+        MemberEntry(m_table.strClass, QStringLiteral("GetFilterAsWhereClause")).Spelt().Enter();
+    QString strResult;
+    entry.ErrorBox([&] {
+        strResult = WhereClause(strFilterInPlainEnglish);
+        strWhereClauseInEffect = strResult;
+    });
+    return strResult;
+}
+
+void GalleryCore::SortTreeview() {
+    MemberEntry(m_table.strClass, QStringLiteral("SortTreeview")).Spelt().Enter().ErrorBox([&] {
+        SortLevels();
+    });
+}
+
 // ---------------------------------------------------------------- Views and keys
 
 void GalleryCore::ShowEmptyView(bool blnList) {
@@ -226,6 +286,39 @@ void GalleryCore::SetFilterStateActive(const QString& strCaption) {
     lblFilterState->setPalette(pal);
 }
 
+void GalleryCore::PropertyChosen() {
+    if (cboOperator->currentText().isEmpty()) {
+        cboOperator->setCurrentIndex(0);
+    } else {
+        txtCriterion->selectAll();
+    }
+    txtCriterion->setFocus();
+}
+
+void GalleryCore::OperatorChosen() {
+    if (cboProperty->currentText().isEmpty())
+        return;
+    txtCriterion->selectAll();
+    txtCriterion->setFocus();
+}
+
+bool GalleryCore::CheckFilter(QString& strFilterInPlainEnglish, QString& strWhereClauseInEffect,
+                              const std::function<void()>& load) {
+    if (txtCriterion->text().isEmpty()) {
+        SetFilterStateInactive(strFilterInPlainEnglish, strWhereClauseInEffect);
+        load();
+        return true;
+    }
+    if (!cboProperty->currentText().isEmpty() && !cboOperator->currentText().isEmpty()) {
+        SetFilterStateActive(QStringLiteral("(FILTER ACTIVE)"));
+        load();
+        return true;
+    }
+    SetFilterStateInactive(strFilterInPlainEnglish, strWhereClauseInEffect);
+    m_tree->Clear();
+    return false;
+}
+
 void GalleryCore::RestartTimer() {
     Timer1->stop();
     Timer1->start();
@@ -344,6 +437,22 @@ qint16 GalleryCore::ButtonOf(const QMouseEvent* event) {
     if (event->button() == Qt::LeftButton)
         return vbLeftButton;
     return 4;
+}
+
+VBNode GalleryCore::FindItemNode(qint32 lngID) const {
+    const QString strWanted = m_table.strItemMark + QString::number(lngID) + QStringLiteral(",");
+    const VBTreeWidget* view = ShownView();
+    for (qint32 i = 1; i <= view->Count(); ++i) {
+        const VBNode node = view->Nodes(i);
+        if (VB::InStr(node.Key() + QStringLiteral(","), strWanted) > 0)
+            return node;
+    }
+    return VBNode();
+}
+
+bool GalleryCore::ConfirmDelete(const QString& strPrompt) {
+    return Platform::Current().MsgBox(strPrompt, vbYesNoCancel | vbQuestion | vbDefaultButton2,
+                                      QStringLiteral("Confirm Delete")) == vbYes;
 }
 
 void GalleryCore::Report(const QString& strText) {

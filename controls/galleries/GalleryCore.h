@@ -3,19 +3,21 @@
 #include "foundations/VBTreeWidget.h"
 #include "galleries/GalleryTable.h"
 
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QString>
 #include <QStringList>
+#include <QTimer>
 
-class QComboBox;
+#include <functional>
+
 class QGroupBox;
 class QInputEvent;
 class QKeyEvent;
 class QLabel;
-class QLineEdit;
 class QMouseEvent;
-class QPushButton;
-class QRadioButton;
-class QTimer;
 class QWidget;
 class VBToolBar;
 
@@ -54,6 +56,50 @@ public:
     QComboBox* cboOperator = nullptr;
     QLineEdit* txtCriterion = nullptr;
     bool PanelOpen() const;
+    // Connects the panel's widgets to the owner's handlers of the same names.
+    template <class C>
+    void ConnectPanel(C* owner, void (C::*optShowAsTree_Click)(), void (C::*optShowAsList_Click)(),
+                      void (C::*cboGroupByProperty_Click)(), void (C::*cboProperty_Click)(),
+                      void (C::*cboOperator_Click)(), void (C::*cmdShowHideFilter_Click)(),
+                      void (C::*txtCriterion_Change)(), void (C::*Timer1_Timer)()) {
+        QObject::connect(optShowAsTree, &QRadioButton::toggled, owner, [=](bool blnOn) {
+            if (blnOn)
+                (owner->*optShowAsTree_Click)();
+        });
+        QObject::connect(optShowAsList, &QRadioButton::toggled, owner, [=](bool blnOn) {
+            if (blnOn)
+                (owner->*optShowAsList_Click)();
+        });
+        QObject::connect(cboGroupByProperty, &QComboBox::currentIndexChanged, owner,
+                         cboGroupByProperty_Click);
+        QObject::connect(cboProperty, &QComboBox::currentIndexChanged, owner, cboProperty_Click);
+        QObject::connect(cboOperator, &QComboBox::currentIndexChanged, owner, cboOperator_Click);
+        QObject::connect(cmdShowHideFilter, &QPushButton::clicked, owner, cmdShowHideFilter_Click);
+        QObject::connect(txtCriterion, &QLineEdit::textChanged, owner, txtCriterion_Change);
+        QObject::connect(Timer1, &QTimer::timeout, owner, Timer1_Timer);
+    }
+    // A property chosen: the operator defaults to "Contains" (which counts as a
+    // click on it), and the criterion gets the focus.
+    void PropertyChosen();
+    // An operator chosen: with a property, the criterion is selected and focused.
+    void OperatorChosen();
+    // What a filter check finds: no criterion (the filter is off and the rows
+    // load), a whole filter (on, and the rows load), or a criterion without both
+    // combos (off, and the tree is cleared). load runs in the first two cases;
+    // the answer is whether the gallery raises its click event for the filter.
+    bool CheckFilter(QString& strFilterInPlainEnglish, QString& strWhereClauseInEffect,
+                     const std::function<void()>& load);
+
+    // ---- Handlers that every gallery has, with the gallery's trace and prefix ----
+    // Each writes the trace line of the gallery's member of that name and
+    // reports a failure in an error box, as the member itself would.
+    void Timer1_Timer(bool blnLoaded, const std::function<void()>& CheckIfShouldApplyFilter);
+    void cboProperty_Click(const std::function<void()>& CheckIfShouldApplyFilter);
+    void cboOperator_Click(const std::function<void()>& CheckIfShouldApplyFilter);
+    void cboGroupByProperty_Click(bool blnLoaded, const std::function<void()>& load);
+    QString GetFilterAsWhereClause(QString& strFilterInPlainEnglish,
+                                   QString& strWhereClauseInEffect);
+    void SortTreeview();
 
     // ---- The views ----
     void SetViews(VBTreeWidget* tree, VBTreeWidget* list) {
@@ -157,6 +203,25 @@ public:
 
     // A failure told to the user and the trace: the error line, then the box.
     static void Report(const QString& strText);
+    // The "Confirm Delete" question (Yes/No/Cancel, No the default); True on Yes.
+    static bool ConfirmDelete(const QString& strPrompt);
+
+    // The first node of the shown view whose key names the item lngID; none
+    // when the view has no such node (list keys never do).
+    VBNode FindItemNode(qint32 lngID) const;
+    // Selects a node again after a reload: its click first, then the selection,
+    // then it is brought into sight.
+    template <class Click> static void Reselect(VBNode node, Click&& click) {
+        click(node.Item());
+        node.setSelected(true);
+        node.EnsureVisible();
+    }
+    // Selects a node found by code: brought into sight, selected, then clicked.
+    template <class Click> static void SelectAndClick(VBNode node, Click&& click) {
+        node.EnsureVisible();
+        node.setSelected(true);
+        click(node.Item());
+    }
 
 private:
     GalleryTable m_table;

@@ -23,7 +23,6 @@ using namespace modQVLTControls;
 
 namespace {
 const QString kPrefix = QStringLiteral("QVLTCONTROLS:ctlServiceGallery:");
-const qint32 kQuestionStyle = vbYesNoCancel | vbQuestion | vbDefaultButton2; // 291
 
 QString Btn(const char* key) {
     return QString::fromLatin1(key);
@@ -141,9 +140,7 @@ void ctlServiceGallery::lvwServices_DblClick() {
 
 // Selects a tree node, brings it into sight and runs the click for it.
 void ctlServiceGallery::SelectNode(VBNode node) {
-    node.EnsureVisible();
-    node.setSelected(true);
-    tvwServices_NodeClick(node.Item());
+    GalleryCore::SelectAndClick(node, [&](QTreeWidgetItem* i) { tvwServices_NodeClick(i); });
 }
 
 // ---------------------------------------------------------------- Right button
@@ -355,10 +352,9 @@ void ctlServiceGallery::DeleteAService(qint32 lngServiceID, QString& strErrorMes
         .Spelt()
         .Enter()
         .ErrorReturn(strErrorMessage, [&] {
-            if (Platform::Current().MsgBox(
+            if (!GalleryCore::ConfirmDelete(
                     QStringLiteral("Are you sure you want to delete this Service from your "
-                                   "system? This command cannot be undone."),
-                    kQuestionStyle, QStringLiteral("Confirm Delete")) != vbYes)
+                                   "system? This command cannot be undone.")))
                 return;
             const qint16 intPosition = m_core->NeighbourPosition();
             DataAccess::Instance().DeleteService(lngServiceID, strErrorMessage);
@@ -383,10 +379,9 @@ void ctlServiceGallery::DeleteGroupOfServices(const QString& strServices,
         .Spelt()
         .Enter()
         .ErrorReturn(strErrorMessage, [&] {
-            if (Platform::Current().MsgBox(
+            if (!GalleryCore::ConfirmDelete(
                     QStringLiteral("Are you sure you want to delete these Services from your "
-                                   "system? This command cannot be undone."),
-                    kQuestionStyle, QStringLiteral("Confirm Delete")) != vbYes)
+                                   "system? This command cannot be undone.")))
                 return;
             const qint32 lngCount = GetInstances(strServices, QStringLiteral(";")) + 1;
             for (qint32 i = 1; i <= lngCount; ++i) {
@@ -426,15 +421,11 @@ void ctlServiceGallery::RefreshView(qint16 intIndexOfPreviouslySelectedItem) {
             if (!m_core->TreeShown()) {
                 if (intIndex > lvwServices->topLevelItemCount())
                     return;
-                VBNode item = lvwServices->ListItems(intIndex);
-                lvwServices_ItemClick(item.Item());
-                item.setSelected(true);
-                item.EnsureVisible();
+                GalleryCore::Reselect(lvwServices->ListItems(intIndex),
+                                      [&](QTreeWidgetItem* i) { lvwServices_ItemClick(i); });
             } else if (intIndex <= tvwServices->Count()) {
-                VBNode node = tvwServices->Nodes(intIndex);
-                tvwServices_NodeClick(node.Item());
-                node.setSelected(true);
-                node.EnsureVisible();
+                GalleryCore::Reselect(tvwServices->Nodes(intIndex),
+                                      [&](QTreeWidgetItem* i) { tvwServices_NodeClick(i); });
             }
         });
 }
@@ -453,17 +444,9 @@ void ctlServiceGallery::SelectService(qint32 lngService, QString& strErrorMessag
         .Enter()
         .ErrorReturn(strErrorMessage, [&] {
             strLastClickedKey.clear();
-            const QString strWanted =
-                Table().strItemMark + QString::number(lngService) + QStringLiteral(",");
-            VBTreeWidget* view = m_core->ShownView();
-            for (qint32 i = 1; i <= view->Count(); ++i) {
-                const VBNode node = view->Nodes(i);
-                if (VB::InStr(node.Key() + QStringLiteral(","), strWanted) == 0)
-                    continue;
-                if (view == tvwServices)
-                    SelectNode(node);
-                return;
-            }
+            const VBNode node = m_core->FindItemNode(lngService);
+            if (node && m_core->TreeShown())
+                SelectNode(node);
         });
 }
 

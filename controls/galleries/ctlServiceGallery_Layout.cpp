@@ -200,24 +200,10 @@ void ctlServiceGallery::CreateMenus() {
 }
 
 void ctlServiceGallery::ConnectWidgets() {
-    connect(optShowAsTree, &QRadioButton::toggled, this, [this](bool blnOn) {
-        if (blnOn)
-            optShowAsTree_Click();
-    });
-    connect(optShowAsList, &QRadioButton::toggled, this, [this](bool blnOn) {
-        if (blnOn)
-            optShowAsList_Click();
-    });
-    connect(cboGroupByProperty, &QComboBox::currentIndexChanged, this,
-            &ctlServiceGallery::cboGroupByProperty_Click);
-    connect(cboProperty, &QComboBox::currentIndexChanged, this,
-            &ctlServiceGallery::cboProperty_Click);
-    connect(cboOperator, &QComboBox::currentIndexChanged, this,
-            &ctlServiceGallery::cboOperator_Click);
-    connect(cmdShowHideFilter, &QPushButton::clicked, this,
-            &ctlServiceGallery::cmdShowHideFilter_Click);
-    connect(txtCriterion, &QLineEdit::textChanged, this, &ctlServiceGallery::txtCriterion_Change);
-    connect(Timer1, &QTimer::timeout, this, &ctlServiceGallery::Timer1_Timer);
+    using G = ctlServiceGallery;
+    m_core->ConnectPanel(this, &G::optShowAsTree_Click, &G::optShowAsList_Click,
+                         &G::cboGroupByProperty_Click, &G::cboProperty_Click, &G::cboOperator_Click,
+                         &G::cmdShowHideFilter_Click, &G::txtCriterion_Change, &G::Timer1_Timer);
     connect(Toolbar2, &VBToolBar::ButtonClick, this, &ctlServiceGallery::Toolbar2_ButtonClick);
     connect(tvwServices, &QTreeWidget::itemClicked, this,
             [this](QTreeWidgetItem* item) { tvwServices_NodeClick(item); });

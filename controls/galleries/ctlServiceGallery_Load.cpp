@@ -207,7 +207,7 @@ void ctlServiceGallery::LoadServices() {
 // ---------------------------------------------------------------- Sorting, pictures
 
 void ctlServiceGallery::SortTreeview() {
-    Entry(QStringLiteral("SortTreeview")).Spelt().Enter().ErrorBox([&] { m_core->SortLevels(); });
+    m_core->SortTreeview();
 }
 
 void ctlServiceGallery::tvwServices_Expand(QTreeWidgetItem* Node) {
@@ -243,22 +243,13 @@ void ctlServiceGallery::optShowAsList_Click() {
 }
 
 void ctlServiceGallery::cboGroupByProperty_Click() {
-    Entry(QStringLiteral("cboGroupByProperty_Click")).Spelt().Enter().ErrorBox([&] {
-        if (blnLoaded)
-            ShowServices();
-    });
+    m_core->cboGroupByProperty_Click(blnLoaded, [&] { ShowServices(); });
 }
 
 // ---------------------------------------------------------------- Main filter
 
 QString ctlServiceGallery::GetFilterAsWhereClause() {
-    const auto entry = Entry(QStringLiteral("GetFilterAsWhereClause")).Spelt().Enter();
-    QString strResult;
-    entry.ErrorBox([&] {
-        strResult = m_core->WhereClause(strFilterInPlainEnglish);
-        strWhereClauseInEffect = strResult;
-    });
-    return strResult;
+    return m_core->GetFilterAsWhereClause(strFilterInPlainEnglish, strWhereClauseInEffect);
 }
 
 void ctlServiceGallery::txtCriterion_Change() {
@@ -277,32 +268,15 @@ void ctlServiceGallery::txtCriterion_KeyUp(qint16& KeyCode, qint16 Shift) {
 }
 
 void ctlServiceGallery::Timer1_Timer() {
-    Entry(QStringLiteral("Timer1_Timer")).Spelt().Enter().ErrorBox([&] {
-        if (blnLoaded)
-            CheckIfShouldApplyFilter();
-        Timer1->stop();
-    });
+    m_core->Timer1_Timer(blnLoaded, [&] { CheckIfShouldApplyFilter(); });
 }
 
 void ctlServiceGallery::cboProperty_Click() {
-    Entry(QStringLiteral("cboProperty_Click")).Spelt().Enter().ErrorBox([&] {
-        if (cboOperator->currentText().isEmpty())
-            cboOperator->setCurrentIndex(0); // "Contains"; counts as a click on it
-        else
-            txtCriterion->selectAll();
-        txtCriterion->setFocus();
-        CheckIfShouldApplyFilter();
-    });
+    m_core->cboProperty_Click([&] { CheckIfShouldApplyFilter(); });
 }
 
 void ctlServiceGallery::cboOperator_Click() {
-    Entry(QStringLiteral("cboOperator_Click")).Spelt().Enter().ErrorBox([&] {
-        if (!cboProperty->currentText().isEmpty()) {
-            txtCriterion->selectAll();
-            txtCriterion->setFocus();
-        }
-        CheckIfShouldApplyFilter();
-    });
+    m_core->cboOperator_Click([&] { CheckIfShouldApplyFilter(); });
 }
 
 // Its event keeps the item gallery's words ("All Service Items", "SIGroup").
@@ -311,17 +285,9 @@ void ctlServiceGallery::CheckIfShouldApplyFilter() {
         if (!blnLoaded)
             return;
         strLastClickedKey.clear();
-        if (txtCriterion->text().isEmpty()) {
-            m_core->SetFilterStateInactive(strFilterInPlainEnglish, strWhereClauseInEffect);
-            ShowServices();
-        } else if (!cboProperty->currentText().isEmpty() && !cboOperator->currentText().isEmpty()) {
-            m_core->SetFilterStateActive(QStringLiteral("(FILTER ACTIVE)"));
-            ShowServices();
-        } else {
-            m_core->SetFilterStateInactive(strFilterInPlainEnglish, strWhereClauseInEffect);
-            tvwServices->Clear();
+        if (!m_core->CheckFilter(strFilterInPlainEnglish, strWhereClauseInEffect,
+                                 [&] { ShowServices(); }))
             return;
-        }
         emit ServiceClicked(QStringLiteral("All"), QStringLiteral("All Service Items"),
                             strWhereClauseInEffect, strFilterInPlainEnglish,
                             QStringLiteral("SIGroup"));

@@ -27,7 +27,6 @@ using namespace modQVLTControls;
 
 namespace {
 const QString kClass = QStringLiteral("ctlServiceItemGallery");
-const qint32 kQuestionStyle = vbYesNoCancel | vbQuestion | vbDefaultButton2; // 291
 
 // A text that reads as a date in one of the usual short forms.
 bool LooksLikeDate(const QString& strText) {
@@ -241,12 +240,9 @@ void ctlServiceItemGallery::DeleteServiceItem(qint32 lngServiceItemID, QString& 
         .Spelt()
         .Enter()
         .ErrorReturn(strErrorMessage, [&] {
-            const qint32 intAnswer = Platform::Current().MsgBox(
-                QStringLiteral(
+            if (!GalleryCore::ConfirmDelete(QStringLiteral(
                     "Are you sure you want to delete this Service Item from your system? "
-                    "This command cannot be undone."),
-                kQuestionStyle, QStringLiteral("Confirm Delete"));
-            if (intAnswer != vbYes)
+                    "This command cannot be undone.")))
                 return;
             // RefreshView does not read the position.
             const qint16 intPosition = m_core->NeighbourPosition();
@@ -270,12 +266,9 @@ void ctlServiceItemGallery::DeleteServiceItems(const QString& strSIs, QString& s
         .Spelt()
         .Enter()
         .ErrorReturn(strErrorMessage, [&] {
-            const qint32 intAnswer = Platform::Current().MsgBox(
-                QStringLiteral(
+            if (!GalleryCore::ConfirmDelete(QStringLiteral(
                     "Are you sure you want to delete these Service Items from your system? "
-                    "This command cannot be undone."),
-                kQuestionStyle, QStringLiteral("Confirm Delete"));
-            if (intAnswer != vbYes)
+                    "This command cannot be undone.")))
                 return;
             // Every id is tried; the message of the last failure is what is reported.
             const qint32 lngCount = GetInstances(strSIs, QStringLiteral(";")) + 1;
@@ -311,10 +304,9 @@ void ctlServiceItemGallery::RefreshView(qint16 intIndexOfPreviouslySelectedItem)
                 ShowServiceItems(strKey);
                 if (!strKey.isEmpty() && tvwServiceItems->KeyExists(strKey)) {
                     tvwServiceItems->viewport()->update();
-                    VBNode again = tvwServiceItems->Nodes(strKey);
-                    tvwServiceItems_NodeClick(again.Item());
-                    again.setSelected(true);
-                    again.EnsureVisible();
+                    GalleryCore::Reselect(tvwServiceItems->Nodes(strKey), [&](QTreeWidgetItem* i) {
+                        tvwServiceItems_NodeClick(i);
+                    });
                 }
             } else if (!lvwServiceItems->isHidden()) {
                 const VBNode item = lvwServiceItems->SelectedItem();
@@ -322,10 +314,9 @@ void ctlServiceItemGallery::RefreshView(qint16 intIndexOfPreviouslySelectedItem)
                 ShowServiceItems(strKey);
                 if (!lvwServiceItems->isHidden() && !strKey.isEmpty() &&
                     lvwServiceItems->KeyExists(strKey)) {
-                    VBNode again = lvwServiceItems->Nodes(strKey);
-                    lvwServiceItems_ItemClick(again.Item());
-                    again.setSelected(true);
-                    again.EnsureVisible();
+                    GalleryCore::Reselect(lvwServiceItems->Nodes(strKey), [&](QTreeWidgetItem* i) {
+                        lvwServiceItems_ItemClick(i);
+                    });
                 }
             }
         });
@@ -344,21 +335,15 @@ void ctlServiceItemGallery::SelectServiceItem(qint32 lngServiceItem, QString& st
         .Arg(QStringLiteral("strErrorMessage"), strErrorMessage)
         .Enter()
         .ErrorReturn(strErrorMessage, [&] {
-            const QString strWanted =
-                Table().strItemMark + QString::number(lngServiceItem) + QStringLiteral(",");
-            VBTreeWidget* view = !tvwServiceItems->isHidden() ? tvwServiceItems : lvwServiceItems;
-            for (qint32 i = 1; i <= view->Count(); ++i) {
-                VBNode node = view->Nodes(i);
-                if (VB::InStr(node.Key() + QStringLiteral(","), strWanted) == 0)
-                    continue;
-                node.EnsureVisible();
-                node.setSelected(true);
-                if (view == tvwServiceItems)
-                    tvwServiceItems_NodeClick(node.Item());
-                else
-                    lvwServiceItems_ItemClick(node.Item());
+            const VBNode node = m_core->FindItemNode(lngServiceItem);
+            if (!node)
                 return;
-            }
+            if (m_core->TreeShown())
+                GalleryCore::SelectAndClick(
+                    node, [&](QTreeWidgetItem* i) { tvwServiceItems_NodeClick(i); });
+            else
+                GalleryCore::SelectAndClick(
+                    node, [&](QTreeWidgetItem* i) { lvwServiceItems_ItemClick(i); });
         });
 }
 

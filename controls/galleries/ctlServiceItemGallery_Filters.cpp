@@ -36,13 +36,7 @@ const QString kShowPanelCaption = QStringLiteral("&Show Display Properties");
 // The main filter: one field, one operator, one criterion. Sets the where clause
 // and its words as a side effect.
 QString ctlServiceItemGallery::GetFilterAsWhereClause() {
-    const auto entry = Entry(QStringLiteral("GetFilterAsWhereClause")).Spelt().Enter();
-    QString strResult;
-    entry.ErrorBox([&] {
-        strResult = m_core->WhereClause(strFilterInPlainEnglish);
-        strWhereClauseInEffect = strResult;
-    });
-    return strResult;
+    return m_core->GetFilterAsWhereClause(strFilterInPlainEnglish, strWhereClauseInEffect);
 }
 
 // The quick filter searches ten fields of the joined tables at once.
@@ -146,51 +140,24 @@ void ctlServiceItemGallery::txtCriterion_KeyUp(qint16& KeyCode, qint16 Shift) {
 }
 
 void ctlServiceItemGallery::Timer1_Timer() {
-    Entry(QStringLiteral("Timer1_Timer")).Spelt().Enter().ErrorBox([&] {
-        if (blnLoaded)
-            CheckIfShouldApplyFilter();
-        Timer1->stop();
-    });
+    m_core->Timer1_Timer(blnLoaded, [&] { CheckIfShouldApplyFilter(); });
 }
 
 void ctlServiceItemGallery::cboProperty_Click() {
-    Entry(QStringLiteral("cboProperty_Click")).Spelt().Enter().ErrorBox([&] {
-        if (!cboOperator->currentText().isEmpty()) {
-            txtCriterion->selectAll();
-            txtCriterion->setFocus();
-        } else {
-            cboOperator->setCurrentIndex(0); // "Contains"; counts as a click on it
-            txtCriterion->setFocus();
-        }
-        CheckIfShouldApplyFilter();
-    });
+    m_core->cboProperty_Click([&] { CheckIfShouldApplyFilter(); });
 }
 
 void ctlServiceItemGallery::cboOperator_Click() {
-    Entry(QStringLiteral("cboOperator_Click")).Spelt().Enter().ErrorBox([&] {
-        if (!cboProperty->currentText().isEmpty()) {
-            txtCriterion->selectAll();
-            txtCriterion->setFocus();
-        }
-        CheckIfShouldApplyFilter();
-    });
+    m_core->cboOperator_Click([&] { CheckIfShouldApplyFilter(); });
 }
 
 void ctlServiceItemGallery::CheckIfShouldApplyFilter() {
     Entry(QStringLiteral("CheckIfShouldApplyFilter")).Spelt().Enter().ErrorBox([&] {
         if (!blnLoaded)
             return;
-        if (txtCriterion->text().isEmpty()) {
-            SetFilterStateInactive();
-            ShowServiceItems();
-        } else if (!cboProperty->currentText().isEmpty() && !cboOperator->currentText().isEmpty()) {
-            m_core->SetFilterStateActive(QStringLiteral("(FILTER ACTIVE)"));
-            ShowServiceItems();
-        } else {
-            SetFilterStateInactive();
-            tvwServiceItems->Clear();
+        if (!m_core->CheckFilter(strFilterInPlainEnglish, strWhereClauseInEffect,
+                                 [&] { ShowServiceItems(); }))
             return;
-        }
         emit SIClicked(QStringLiteral("All"), QStringLiteral("All Service Items"),
                        strWhereClauseInEffect, strFilterInPlainEnglish, QStringLiteral("SIGroup"));
     });

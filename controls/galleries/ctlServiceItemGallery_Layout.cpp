@@ -245,14 +245,10 @@ void ctlServiceItemGallery::CreateMenus() {
 }
 
 void ctlServiceItemGallery::ConnectWidgets() {
-    connect(optShowAsTree, &QRadioButton::toggled, this, [this](bool blnOn) {
-        if (blnOn)
-            optShowAsTree_Click();
-    });
-    connect(optShowAsList, &QRadioButton::toggled, this, [this](bool blnOn) {
-        if (blnOn)
-            optShowAsList_Click();
-    });
+    using G = ctlServiceItemGallery;
+    m_core->ConnectPanel(this, &G::optShowAsTree_Click, &G::optShowAsList_Click,
+                         &G::cboGroupByProperty_Click, &G::cboProperty_Click, &G::cboOperator_Click,
+                         &G::cmdShowHideFilter_Click, &G::txtCriterion_Change, &G::Timer1_Timer);
     connect(optQuickFilter, &QRadioButton::toggled, this, [this](bool blnOn) {
         if (blnOn)
             optQuickFilter_Click();
@@ -261,19 +257,8 @@ void ctlServiceItemGallery::ConnectWidgets() {
         if (blnOn)
             optShortList_Click();
     });
-    connect(cboGroupByProperty, &QComboBox::currentIndexChanged, this,
-            &ctlServiceItemGallery::cboGroupByProperty_Click);
-    connect(cboProperty, &QComboBox::currentIndexChanged, this,
-            &ctlServiceItemGallery::cboProperty_Click);
-    connect(cboOperator, &QComboBox::currentIndexChanged, this,
-            &ctlServiceItemGallery::cboOperator_Click);
-    connect(cmdShowHideFilter, &QPushButton::clicked, this,
-            &ctlServiceItemGallery::cmdShowHideFilter_Click);
     connect(txtQuickFilter, &QLineEdit::textChanged, this,
             &ctlServiceItemGallery::txtQuickFilter_Change);
-    connect(txtCriterion, &QLineEdit::textChanged, this,
-            &ctlServiceItemGallery::txtCriterion_Change);
-    connect(Timer1, &QTimer::timeout, this, &ctlServiceItemGallery::Timer1_Timer);
     connect(StatusBar1, &VBStatusBar::PanelClick, this,
             &ctlServiceItemGallery::StatusBar1_PanelClick);
     connect(Toolbar2, &VBToolBar::ButtonClick, this, &ctlServiceItemGallery::Toolbar2_ButtonClick);
@@ -450,10 +435,7 @@ void ctlServiceItemGallery::optShowAsList_Click() {
 }
 
 void ctlServiceItemGallery::cboGroupByProperty_Click() {
-    Entry(QStringLiteral("cboGroupByProperty_Click")).Spelt().Enter().ErrorBox([&] {
-        if (blnLoaded)
-            ShowServiceItems();
-    });
+    m_core->cboGroupByProperty_Click(blnLoaded, [&] { ShowServiceItems(); });
 }
 
 // ---------------------------------------------------------------- Layout

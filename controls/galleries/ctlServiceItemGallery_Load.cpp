@@ -125,10 +125,8 @@ void ctlServiceItemGallery::ShowServiceItemsUnlocked(const QString& strNodeKeyTo
 
     if (!tvwServiceItems->isHidden() && !strNodeKeyToSelect.isEmpty() &&
         tvwServiceItems->KeyExists(strNodeKeyToSelect)) {
-        VBNode node = tvwServiceItems->Nodes(strNodeKeyToSelect);
-        node.EnsureVisible();
-        node.setSelected(true);
-        tvwServiceItems_NodeClick(node.Item());
+        GalleryCore::SelectAndClick(tvwServiceItems->Nodes(strNodeKeyToSelect),
+                                    [&](QTreeWidgetItem* i) { tvwServiceItems_NodeClick(i); });
     }
 
     if (blnNaturalEnd) {
@@ -263,7 +261,7 @@ void ctlServiceItemGallery::SetNodeImage(VBNode& node, qint32 lngTypeID) {
 // ---------------------------------------------------------------- Sorting
 
 void ctlServiceItemGallery::SortTreeview() {
-    Entry(QStringLiteral("SortTreeview")).Spelt().Enter().ErrorBox([&] { m_core->SortLevels(); });
+    m_core->SortTreeview();
 }
 
 void ctlServiceItemGallery::lvwServiceItems_ColumnClick(int intColumn) {

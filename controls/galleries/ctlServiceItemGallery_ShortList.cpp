@@ -102,10 +102,9 @@ void ctlServiceItemGallery::ApplyShortList(qint32 lngShortListID, QString& strEr
 
             if (!tvwServiceItems->isHidden() && !strRememberedKey.isEmpty() &&
                 tvwServiceItems->KeyExists(strRememberedKey)) {
-                VBNode node = tvwServiceItems->Nodes(strRememberedKey);
-                node.EnsureVisible();
-                node.setSelected(true);
-                tvwServiceItems_NodeClick(node.Item());
+                GalleryCore::SelectAndClick(
+                    tvwServiceItems->Nodes(strRememberedKey),
+                    [&](QTreeWidgetItem* i) { tvwServiceItems_NodeClick(i); });
             }
             m_core->SetFilterStateActive(QStringLiteral("(Short-List)"));
         });
