@@ -319,6 +319,15 @@ bool GalleryCore::CheckFilter(QString& strFilterInPlainEnglish, QString& strWher
     return false;
 }
 
+void GalleryCore::TakeBackApostrophe(qint16 KeyCode) {
+    if (KeyCode != kApostropheKeyCode)
+        return;
+    const QString strText = txtCriterion->text();
+    if (!strText.isEmpty())
+        txtCriterion->setText(VB::Left(strText, VB::Len(strText) - 1));
+    txtCriterion->setCursorPosition(static_cast<int>(txtCriterion->text().size()));
+}
+
 void GalleryCore::RestartTimer() {
     Timer1->stop();
     Timer1->start();

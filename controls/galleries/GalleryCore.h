@@ -166,6 +166,9 @@ public:
     void SetFilterStateInactive(QString& strFilterInPlainEnglish, QString& strWhereClauseInEffect);
     // The caption in red.
     void SetFilterStateActive(const QString& strCaption);
+    // The apostrophe key (kApostropheKeyCode) takes back what it just typed into
+    // the criterion: it would break the clause.
+    void TakeBackApostrophe(qint16 KeyCode);
     // The timer runs one full second from the last change.
     void RestartTimer();
 

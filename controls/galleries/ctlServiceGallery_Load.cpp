@@ -259,12 +259,7 @@ void ctlServiceGallery::txtCriterion_Change() {
 // The apostrophe key takes back what it just typed: it would break the clause.
 void ctlServiceGallery::txtCriterion_KeyUp(qint16& KeyCode, qint16 Shift) {
     Q_UNUSED(Shift);
-    if (KeyCode != GalleryCore::kApostropheKeyCode)
-        return;
-    const QString strText = txtCriterion->text();
-    if (!strText.isEmpty())
-        txtCriterion->setText(VB::Left(strText, VB::Len(strText) - 1));
-    txtCriterion->setCursorPosition(static_cast<int>(txtCriterion->text().size()));
+    m_core->TakeBackApostrophe(KeyCode);
 }
 
 void ctlServiceGallery::Timer1_Timer() {

@@ -128,15 +128,10 @@ void ctlServiceItemGallery::txtCriterion_Change() {
     ErrorReport::Guard([&] { m_core->RestartTimer(); });
 }
 
-// The key with code 192 (the apostrophe key) takes back what it just typed.
+// The apostrophe key takes back what it just typed.
 void ctlServiceItemGallery::txtCriterion_KeyUp(qint16& KeyCode, qint16 Shift) {
     Q_UNUSED(Shift);
-    if (KeyCode != GalleryCore::kApostropheKeyCode)
-        return;
-    const QString strText = txtCriterion->text();
-    if (!strText.isEmpty())
-        txtCriterion->setText(VB::Left(strText, VB::Len(strText) - 1));
-    txtCriterion->setCursorPosition(static_cast<int>(txtCriterion->text().size()));
+    m_core->TakeBackApostrophe(KeyCode);
 }
 
 void ctlServiceItemGallery::Timer1_Timer() {
