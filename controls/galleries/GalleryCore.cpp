@@ -28,6 +28,7 @@ using namespace modQVLTControls;
 
 namespace {
 const QString kHidePanelCaption = QStringLiteral("&Hide Display Properties");
+const QString kShowPanelCaption = QStringLiteral("&Show Display Properties");
 const QColor kActiveColour(192, 0, 0); // VB colour 192: red
 const QString kRoot = QStringLiteral("Root");
 const QString kSep = QStringLiteral(";");
@@ -44,8 +45,8 @@ GalleryCore::GalleryCore(const GalleryTable& table, QWidget* owner)
 // ---------------------------------------------------------------- Panel
 
 void GalleryCore::CreatePanel() {
-    cmdShowHideFilter = Named(new QPushButton(QStringLiteral("&Show Display Properties"), m_owner),
-                              QStringLiteral("cmdShowHideFilter"));
+    cmdShowHideFilter =
+        Named(new QPushButton(kShowPanelCaption, m_owner), QStringLiteral("cmdShowHideFilter"));
     lblFilterState = Named(new QLabel(QStringLiteral("(Filter is Inactive)"), m_owner),
                            QStringLiteral("lblFilterState"));
 
@@ -137,6 +138,10 @@ void GalleryCore::SortTreeview() {
     MemberEntry(m_table.strClass, QStringLiteral("SortTreeview")).Spelt().Enter().ErrorBox([&] {
         SortLevels();
     });
+}
+
+void GalleryCore::SetPanelOpen(bool blnOpen) {
+    cmdShowHideFilter->setText(blnOpen ? kHidePanelCaption : kShowPanelCaption);
 }
 
 // ---------------------------------------------------------------- Views and keys

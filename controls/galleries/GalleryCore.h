@@ -56,6 +56,8 @@ public:
     QComboBox* cboOperator = nullptr;
     QLineEdit* txtCriterion = nullptr;
     bool PanelOpen() const;
+    // Writes the button's caption for an open or a closed panel.
+    void SetPanelOpen(bool blnOpen);
     // Connects the panel's widgets to the owner's handlers of the same names.
     template <class C>
     void ConnectPanel(C* owner, void (C::*optShowAsTree_Click)(), void (C::*optShowAsList_Click)(),

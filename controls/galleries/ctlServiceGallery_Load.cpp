@@ -25,8 +25,6 @@
 using namespace modQVLTControls;
 
 namespace {
-const QString kShowPanelCaption = QStringLiteral("&Show Display Properties");
-const QString kHidePanelCaption = QStringLiteral("&Hide Display Properties");
 constexpr qint16 kServicePicture = 3; // imgService
 } // namespace
 
@@ -296,10 +294,10 @@ void ctlServiceGallery::cmdShowHideFilter_Click() {
         const qint32 H = Twips::FromPixels(height());
         if (m_core->PanelOpen()) {
             PlaceViews(740, H - 840);
-            cmdShowHideFilter->setText(kShowPanelCaption);
+            m_core->SetPanelOpen(false);
         } else {
             PlaceViews(3200, H - 3300);
-            cmdShowHideFilter->setText(kHidePanelCaption);
+            m_core->SetPanelOpen(true);
         }
         m_core->ShownView()->setFocus();
     });

@@ -27,8 +27,6 @@
 
 namespace {
 const QString kClass = QStringLiteral("ctlServiceItemGallery");
-const QString kHidePanelCaption = QStringLiteral("&Hide Display Properties");
-const QString kShowPanelCaption = QStringLiteral("&Show Display Properties");
 } // namespace
 
 // ---------------------------------------------------------------- Clauses
@@ -165,13 +163,13 @@ void ctlServiceItemGallery::cmdShowHideFilter_Click() {
     Entry(QStringLiteral("cmdShowHideFilter_Click")).Spelt().Enter().ErrorBox([&] {
         if (m_core->PanelOpen()) {
             PlaceViews(960, HeightTwips() - 940);
-            cmdShowHideFilter->setText(kShowPanelCaption);
+            m_core->SetPanelOpen(false);
             txtQuickFilter->show();
         } else {
             txtQuickFilter->setText(QString());
             txtQuickFilter->hide();
             PlaceViews(3180, HeightTwips() - 3180);
-            cmdShowHideFilter->setText(kHidePanelCaption);
+            m_core->SetPanelOpen(true);
         }
         BringSelectionIntoSight();
         if (!txtQuickFilter->isHidden())
