@@ -6,6 +6,8 @@
 
 #include <memory>
 
+class GalleryCore;
+struct GalleryTable;
 class QAction;
 class QComboBox;
 class QGroupBox;
@@ -17,6 +19,7 @@ class QPushButton;
 class QRadioButton;
 class QTimer;
 class QTreeWidgetItem;
+class MemberEntry;
 class Recordset;
 class VBImageList;
 class VBNode;
@@ -44,6 +47,10 @@ class VBTreeWidget;
 // priority with the short list first.
 //
 // Stored properties: RunSIOnDblClick and ShowToolbar (both True by default).
+//
+// The tree and list, the display-properties panel, the group-by load, the main
+// filter and the click words are the shared GalleryCore's, worked from this
+// gallery's table (Table()); the widget members point at the core's widgets.
 class ctlServiceItemGallery : public QWidget {
     Q_OBJECT
     Q_PROPERTY(QString Description READ Description STORED false)
@@ -118,6 +125,9 @@ public:
     // Creates a blank service item of type SIType (0: none), reloads, selects it and
     // raises NewServiceItemAdded.
     void NewServiceItem(qint32 SIType);
+
+    // What sets this gallery apart: its words, keys, groups and filter fields.
+    static const GalleryTable& Table();
 
     // ---- Child widgets (objectName() is the member's name) ----
     VBTreeWidget* tvwServiceItems = nullptr;
@@ -240,15 +250,10 @@ private:
     QString Decoded(const QString& strText) const;
     void AddListItem(const Recordset& rs, qint32 lngID);
     void SetNodeImage(VBNode& node, qint32 lngTypeID);
-    bool IsFolderImage(const QVariant& varImage) const;
-    void ExpandAfterLoad();
     void SortListAgain();
     void SortChildrenOf(const QString& strKey);
     void SetStatusPanel(qint32 intPanel, const QString& strText);
-    void ShowEmptyView();
     QString StatusPanelText(qint32 intPanel) const;
-    static void GroupFields(const QString& strGroupBy, QString& strValueField,
-                            QString& strTextField);
 
     // Short list (_ShortList.cpp).
     void ApplyShortListRows(Recordset& rs, const QString& strContent);
@@ -259,7 +264,6 @@ private:
     QString QuickFilterClause() const;
     QString QuickFilterWords() const;
     void SetFilterStateInactive();
-    void SetFilterStateActive(const QString& strCaption);
     void txtQuickFilter_KeyPress(qint16& KeyAscii);
     void txtQuickFilter_GotFocus();
     void txtCriterion_KeyUp(qint16& KeyCode, qint16 Shift);
@@ -269,7 +273,6 @@ private:
     // Selection and commands (_Selection.cpp, _Commands.cpp).
     void NodeClick(const VBNode& Node);
     void ItemClick(const VBNode& Item);
-    void SetItemButtons(const QStringList& lstKeys, bool blnEnabled);
     void tvwServiceItems_KeyUp(qint16& KeyCode, qint16 Shift);
     void tvwServiceItems_MouseDown(qint16 Button, qint16 Shift, const QPoint& ptAt);
     void lvwServiceItems_MouseUp(qint16 Button, qint16 Shift, const QPoint& ptAt);
@@ -277,20 +280,25 @@ private:
     QMimeData* DragData() const;
     void PopupMenu(QMenu* mnu);
     void NewFromSelection(bool blnListWithoutItemGivesNone);
-    QString LandingKey(const VBNode& node) const;
-    qint16 NeighbourPosition() const;
     void DeleteSelection();
     void EditSelection();
     void ImportServiceItem();
     void ExportSelection();
     void PrintSelection();
     QAction* ToolbarButton(const QString& strKey) const;
-    qint32 SelectedListCount() const;
 
-    // "QVLTCONTROLS:ctlServiceItemGallery:" + strMember + " : Error number is ".
-    static QString PrefixSpaced(const QString& strMember);
+    // The prologue of a member: its trace line and failure prefix ("QVLTCONTROLS:
+    // ctlServiceItemGallery:" + strMember + ": Error number is "; Spelt() puts a
+    // blank before the colon).
+    static MemberEntry Entry(const QString& strMember);
+    // The id of the selection of the shown view (a tree key's fifth field, a list
+    // key's second); empty when nothing is selected.
+    QString SelectedIdOfShownView() const;
+    // A failure of a data library call told with its prefix to the user and the trace.
+    static void ReportFailure(const QString& strPrefix, const QString& strErrorMessage);
 
     // State.
+    std::unique_ptr<GalleryCore> m_core;
     qint32 lngShortListID = 0;
     QString strWhereClauseInEffect;
     QString strFilterInPlainEnglish;

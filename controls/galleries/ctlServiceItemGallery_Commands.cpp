@@ -3,6 +3,9 @@
 
 #include "galleries/ctlServiceItemGallery.h"
 
+#include "foundations/MemberEntry.h"
+#include "galleries/GalleryCore.h"
+
 #include "DataAccess.h"
 #include "Recordset.h"
 #include "TraceLog.h"
@@ -24,8 +27,6 @@ using namespace modQVLTControls;
 
 namespace {
 const QString kClass = QStringLiteral("ctlServiceItemGallery");
-const QString kItemMark = QStringLiteral(";;SI;");
-const qint32 kQuestionStyle = vbYesNoCancel | vbQuestion | vbDefaultButton2; // 291
 
 // A text that reads as a date in one of the usual short forms.
 bool LooksLikeDate(const QString& strText) {
@@ -44,16 +45,16 @@ bool LooksLikeDate(const QString& strText) {
 // The type of a new item from the selection: a Type group or an item under one
 // gives its type; anything else type 0.
 void ctlServiceItemGallery::mnuRightCLickNew_Click() {
-    TraceLine(kClass, QStringLiteral("mnuRightCLickNew_Click")).Write();
-    ErrorReport::TryErrorBox(PrefixSpaced(QStringLiteral("mnuRightCLickNew_Click")),
-                             [&] { NewFromSelection(true); });
+    Entry(QStringLiteral("mnuRightCLickNew_Click")).Spelt().Enter().ErrorBox([&] {
+        NewFromSelection(true);
+    });
 }
 
 void ctlServiceItemGallery::NewFromSelection(bool blnListWithoutItemGivesNone) {
     if (!tvwServiceItems->isHidden()) {
         const VBNode node = tvwServiceItems->SelectedItem();
         const QString K = node ? node.Key() : QString();
-        if (VB::Left(K, 5) == QLatin1String("Type;") && VB::InStr(K, kItemMark) > 0)
+        if (VB::Left(K, 5) == QLatin1String("Type;") && m_core->IsItemKey(K))
             NewServiceItem(VB::CInt(GetInstance(K, QStringLiteral(";"), 2)));
         else if (VB::Left(K, 5) == QLatin1String("Type;"))
             NewServiceItem(VB::CInt(VB::Mid(K, 6)));
@@ -62,15 +63,14 @@ void ctlServiceItemGallery::NewFromSelection(bool blnListWithoutItemGivesNone) {
         return;
     }
     const VBNode item = lvwServiceItems->SelectedItem();
-    if (item && VB::Left(item.Key(), 3) == QLatin1String("SI;"))
+    if (item && m_core->IsListKey(item.Key()))
         NewServiceItem(VB::CInt(item.Tag()));
     else if (blnListWithoutItemGivesNone)
         NewServiceItem(0);
 }
 
 void ctlServiceItemGallery::mnuRightClickTypeNew_Click() {
-    TraceLine(kClass, QStringLiteral("mnuRightClickTypeNew_Click")).Write();
-    ErrorReport::TryErrorBox(PrefixSpaced(QStringLiteral("mnuRightClickTypeNew_Click")), [&] {
+    Entry(QStringLiteral("mnuRightClickTypeNew_Click")).Spelt().Enter().ErrorBox([&] {
         const VBNode node = tvwServiceItems->SelectedItem();
         if (!node)
             return;
@@ -84,33 +84,22 @@ void ctlServiceItemGallery::mnuRightClickTypeNew_Click() {
 
 void ctlServiceItemGallery::mnuSIOpen_Click() {
     ErrorReport::Guard([&] {
-        TraceLine(kClass, QStringLiteral("mnuSIOpen_Click")).Write();
-        QString strID;
-        if (!tvwServiceItems->isHidden()) {
-            const VBNode node = tvwServiceItems->SelectedItem();
-            if (node && VB::InStr(node.Key(), kItemMark) > 0)
-                strID = GetInstance(node.Key(), QStringLiteral(";"), 5);
-        } else {
-            const VBNode item = lvwServiceItems->SelectedItem();
-            if (item)
-                strID = VB::Mid(item.Key(), VB::InStr(item.Key(), QStringLiteral(";")) + 1);
-        }
+        Entry(QStringLiteral("mnuSIOpen_Click")).Enter();
+        // In the tree only an item node runs; a group has no id.
+        const VBNode node = m_core->ShownSelection();
+        if (m_core->TreeShown() && node && !m_core->IsItemKey(node.Key()))
+            return;
+        const QString strID = SelectedIdOfShownView();
         if (strID.isEmpty())
             return;
         QString strErrorMessage;
         DataAccess::Instance().RunServiceItem(VB::CLng(strID), strErrorMessage);
-        if (!strErrorMessage.isEmpty()) {
-            const QString strText = QStringLiteral("mnuSIOpen_Click: ") + strErrorMessage;
-            TraceLog::Instance().WriteErrorLine(strText);
-            Platform::Current().MsgBox(strText);
-        }
+        ReportFailure(QStringLiteral("mnuSIOpen_Click: "), strErrorMessage);
     });
 }
 
 void ctlServiceItemGallery::mnuSIDelete_Click() {
-    TraceLine(kClass, QStringLiteral("mnuSIDelete_Click")).Write();
-    ErrorReport::TryErrorBox(PrefixSpaced(QStringLiteral("mnuSIDelete_Click")),
-                             [&] { DeleteSelection(); });
+    Entry(QStringLiteral("mnuSIDelete_Click")).Spelt().Enter().ErrorBox([&] { DeleteSelection(); });
 }
 
 void ctlServiceItemGallery::mnuSIPrint_Click() {
@@ -125,61 +114,53 @@ void ctlServiceItemGallery::mnuSIExport_Click() {
 
 void ctlServiceItemGallery::Toolbar2_ButtonClick(QAction* Button) {
     const QString strKey = Button ? Button->objectName() : QString();
-    TraceLine(kClass, QStringLiteral("Toolbar2_ButtonClick"))
+    Entry(QStringLiteral("Toolbar2_ButtonClick"))
         .Arg(QStringLiteral("Button"), strKey)
-        .Write();
-    ErrorReport::TryErrorBox(PrefixSpaced(QStringLiteral("Toolbar2_ButtonClick")), [&] {
-        if (strKey == QLatin1String("btnNew")) {
-            NewFromSelection(false);
-        } else if (strKey == QLatin1String("btnHelp")) {
-            Platform::Current().SendKeys(QStringLiteral("{F1}"));
-        } else if (strKey == QLatin1String("btnRun")) {
-            // The list has no run from here; the run itself is the host's.
-            if (!tvwServiceItems->isHidden()) {
-                const VBNode node = tvwServiceItems->SelectedItem();
-                if (node && VB::InStr(node.Key(), kItemMark) > 0)
-                    emit ToolBarButtonClicked(
-                        QStringLiteral("btnRun"),
-                        VB::CLng(GetInstance(node.Key(), QStringLiteral(";"), 5)));
+        .Spelt()
+        .Enter()
+        .ErrorBox([&] {
+            if (strKey == QLatin1String("btnNew")) {
+                NewFromSelection(false);
+            } else if (strKey == QLatin1String("btnHelp")) {
+                Platform::Current().SendKeys(QStringLiteral("{F1}"));
+            } else if (strKey == QLatin1String("btnRun")) {
+                // The list has no run from here; the run itself is the host's.
+                if (m_core->TreeShown()) {
+                    const VBNode node = tvwServiceItems->SelectedItem();
+                    if (node && m_core->IsItemKey(node.Key()))
+                        emit ToolBarButtonClicked(QStringLiteral("btnRun"),
+                                                  VB::CLng(SelectedIdOfShownView()));
+                }
+            } else if (strKey == QLatin1String("btnEdit")) {
+                EditSelection();
+            } else if (strKey == QLatin1String("btnRefresh")) {
+                RefreshView(0);
+            } else if (strKey == QLatin1String("btnDelete")) {
+                DeleteSelection();
+            } else if (strKey == QLatin1String("btnExport")) {
+                ExportSelection();
+            } else if (strKey == QLatin1String("btnPrint")) {
+                PrintSelection();
+            } else if (strKey == QLatin1String("btnImport")) {
+                ImportServiceItem();
             }
-        } else if (strKey == QLatin1String("btnEdit")) {
-            EditSelection();
-        } else if (strKey == QLatin1String("btnRefresh")) {
-            RefreshView(0);
-        } else if (strKey == QLatin1String("btnDelete")) {
-            DeleteSelection();
-        } else if (strKey == QLatin1String("btnExport")) {
-            ExportSelection();
-        } else if (strKey == QLatin1String("btnPrint")) {
-            PrintSelection();
-        } else if (strKey == QLatin1String("btnImport")) {
-            ImportServiceItem();
-        }
-    });
+        });
 }
 
 // Opens the item's file with the system's program; music files are refused.
 void ctlServiceItemGallery::EditSelection() {
     qint32 lngID = 0;
-    if (!lvwServiceItems->isHidden()) {
-        const VBNode item = lvwServiceItems->SelectedItem();
-        if (item)
-            lngID = VB::CLng(GetInstance(item.Key(), QStringLiteral(";"), 2));
-    } else {
-        const VBNode node = tvwServiceItems->SelectedItem();
-        if (node && VB::InStr(node.Key(), kItemMark) > 0)
-            lngID = VB::CLng(GetInstance(node.Key(), QStringLiteral(";"), 5));
-    }
+    const VBNode node = m_core->ShownSelection();
+    if (node && (!m_core->TreeShown() || m_core->IsItemKey(node.Key())))
+        lngID = VB::CLng(SelectedIdOfShownView());
     QString strFileName;
     if (lngID != 0) {
         QString strErrorMessage;
         DataAccess::Instance().GetServiceItemFileName(lngID, strErrorMessage, strFileName);
         if (!strErrorMessage.isEmpty()) {
-            const QString strText =
-                QStringLiteral("QVLTCONTROLS:ctlServiceItemGallery:Toolbar2_ButtonClick ; ") +
-                strErrorMessage;
-            Platform::Current().MsgBox(strText);
-            TraceLog::Instance().WriteErrorLine(strText);
+            ReportFailure(
+                QStringLiteral("QVLTCONTROLS:ctlServiceItemGallery:Toolbar2_ButtonClick ; "),
+                strErrorMessage);
             return;
         }
     }
@@ -203,10 +184,7 @@ void ctlServiceItemGallery::EditSelection() {
 void ctlServiceItemGallery::ImportServiceItem() {
     const QString strPrefix =
         QStringLiteral("QVLTCONTROLS:ctlServiceItemGallery:Toolbar2_ButtonClick: ");
-    auto report = [&](const QString& strMessage) {
-        Platform::Current().MsgBox(strPrefix + strMessage);
-        TraceLog::Instance().WriteErrorLine(strPrefix + strMessage);
-    };
+    auto report = [&](const QString& strMessage) { ReportFailure(strPrefix, strMessage); };
     QString strErrorMessage;
     DataAccess::Instance().ImportFile(QString(), strErrorMessage);
     if (!strErrorMessage.isEmpty()) {
@@ -229,48 +207,22 @@ void ctlServiceItemGallery::ImportServiceItem() {
 
 // ---------------------------------------------------------------- Delete
 
-// The key to land on after deleting a tree node: its previous sibling, else its
-// next sibling. The only item of a group takes its group away with it, so it lands
-// on the neighbouring group (the next, else the previous); in a one-group tree
-// (or for a group itself) on "Root".
-QString ctlServiceItemGallery::LandingKey(const VBNode& node) const {
-    if (const VBNode previous = node.Previous())
-        return previous.Key();
-    if (const VBNode next = node.Next())
-        return next.Key();
-    const VBNode parent = node.Parent();
-    if (parent && parent.Key() != QLatin1String("Root")) {
-        if (const VBNode nextGroup = parent.Next())
-            return nextGroup.Key();
-        if (const VBNode previousGroup = parent.Previous())
-            return previousGroup.Key();
-    }
-    return QStringLiteral("Root");
-}
-
 void ctlServiceItemGallery::DeleteSelection() {
     if (!tvwServiceItems->isHidden()) {
         const VBNode node = tvwServiceItems->SelectedItem();
         if (!node)
             return;
-        const QString strLandOn = LandingKey(node);
+        const QString strLandOn = GalleryCore::LandingKey(node);
         // A group has no id: the conversion fails (btnDelete is disabled there).
-        DeleteServiceItem(VB::CLng(GetInstance(node.Key(), QStringLiteral(";"), 5)));
+        DeleteServiceItem(VB::CLng(SelectedIdOfShownView()));
         ShowServiceItems(strLandOn);
         return;
     }
-    QString strIDs;
-    for (qint32 i = 1; i <= lvwServiceItems->topLevelItemCount(); ++i) {
-        const VBNode item = lvwServiceItems->ListItems(i);
-        if (item.Selected())
-            strIDs += QStringLiteral(";") + GetInstance(item.Key(), QStringLiteral(";"), 2);
-    }
-    TrimData(strIDs, QStringLiteral(";"));
+    const QString strIDs = m_core->SelectedListIds(QStringLiteral(";"));
     if (strIDs.isEmpty())
         return;
     if (VB::IsNumeric(strIDs)) {
-        const VBNode item = lvwServiceItems->SelectedItem();
-        DeleteServiceItem(VB::CLng(GetInstance(item.Key(), QStringLiteral(";"), 2)));
+        DeleteServiceItem(VB::CLng(SelectedIdOfShownView()));
     } else {
         DeleteServiceItems(strIDs);
     }
@@ -282,20 +234,18 @@ void ctlServiceItemGallery::DeleteServiceItem(qint32 lngServiceItemID) {
 }
 
 void ctlServiceItemGallery::DeleteServiceItem(qint32 lngServiceItemID, QString& strErrorMessage) {
-    TraceLine(kClass, QStringLiteral("DeleteServiceItem"))
+    Entry(QStringLiteral("DeleteServiceItem"))
         .Arg(QStringLiteral("lngServiceItemID"), lngServiceItemID)
         .Arg(QStringLiteral("strErrorMessage"), strErrorMessage)
-        .Write();
-    ErrorReport::TryErrorReturn(
-        PrefixSpaced(QStringLiteral("DeleteServiceItem")), strErrorMessage, [&] {
-            const qint32 intAnswer = Platform::Current().MsgBox(
-                QStringLiteral(
+        .Spelt()
+        .Enter()
+        .ErrorReturn(strErrorMessage, [&] {
+            if (!GalleryCore::ConfirmDelete(QStringLiteral(
                     "Are you sure you want to delete this Service Item from your system? "
-                    "This command cannot be undone."),
-                kQuestionStyle, QStringLiteral("Confirm Delete"));
-            if (intAnswer != vbYes)
+                    "This command cannot be undone.")))
                 return;
-            const qint16 intPosition = NeighbourPosition();
+            // RefreshView does not read the position.
+            const qint16 intPosition = m_core->NeighbourPosition();
             DataAccess::Instance().DeleteServiceItem(lngServiceItemID, strErrorMessage);
             if (!strErrorMessage.isEmpty())
                 Platform::Current().MsgBox(strErrorMessage);
@@ -304,46 +254,21 @@ void ctlServiceItemGallery::DeleteServiceItem(qint32 lngServiceItemID, QString& 
         });
 }
 
-// Where the selection would go: the index of the previous sibling, the next
-// sibling or the parent; in the list the selected item's index. RefreshView does
-// not read it.
-qint16 ctlServiceItemGallery::NeighbourPosition() const {
-    if (!tvwServiceItems->isHidden()) {
-        const VBNode node = tvwServiceItems->SelectedItem();
-        if (!node)
-            return 0;
-        if (const VBNode previous = node.Previous())
-            return static_cast<qint16>(previous.Index());
-        if (const VBNode next = node.Next())
-            return static_cast<qint16>(next.Index());
-        if (const VBNode parent = node.Parent())
-            return static_cast<qint16>(parent.Index());
-        return 0;
-    }
-    const VBNode item = lvwServiceItems->SelectedItem();
-    if (item && lvwServiceItems->topLevelItemCount() >= 2)
-        return static_cast<qint16>(item.Index());
-    return 0;
-}
-
 void ctlServiceItemGallery::DeleteServiceItems(const QString& strSIs) {
     QString strErrorMessage;
     DeleteServiceItems(strSIs, strErrorMessage);
 }
 
 void ctlServiceItemGallery::DeleteServiceItems(const QString& strSIs, QString& strErrorMessage) {
-    TraceLine(kClass, QStringLiteral("DeleteServiceItems"))
+    Entry(QStringLiteral("DeleteServiceItems"))
         .Arg(QStringLiteral("strSIs"), strSIs)
         .Arg(QStringLiteral("strErrorMessage"), strErrorMessage)
-        .Write();
-    ErrorReport::TryErrorReturn(
-        PrefixSpaced(QStringLiteral("DeleteServiceItems")), strErrorMessage, [&] {
-            const qint32 intAnswer = Platform::Current().MsgBox(
-                QStringLiteral(
+        .Spelt()
+        .Enter()
+        .ErrorReturn(strErrorMessage, [&] {
+            if (!GalleryCore::ConfirmDelete(QStringLiteral(
                     "Are you sure you want to delete these Service Items from your system? "
-                    "This command cannot be undone."),
-                kQuestionStyle, QStringLiteral("Confirm Delete"));
-            if (intAnswer != vbYes)
+                    "This command cannot be undone.")))
                 return;
             // Every id is tried; the message of the last failure is what is reported.
             const qint32 lngCount = GetInstances(strSIs, QStringLiteral(";")) + 1;
@@ -367,36 +292,34 @@ void ctlServiceItemGallery::DeleteServiceItems(const QString& strSIs, QString& s
 // ---------------------------------------------------------------- Refresh and select
 
 void ctlServiceItemGallery::RefreshView(qint16 intIndexOfPreviouslySelectedItem) {
-    TraceLine(kClass, QStringLiteral("RefreshView"))
+    Entry(QStringLiteral("RefreshView"))
         .Arg(QStringLiteral("intIndexOfPreviouslySelectedItem"), intIndexOfPreviouslySelectedItem)
-        .Write();
-    ErrorReport::TryErrorBox(PrefixSpaced(QStringLiteral("RefreshView")), [&] {
-        if (!tvwServiceItems->isHidden()) {
-            const VBNode node = tvwServiceItems->SelectedItem();
-            const QString strKey = node ? node.Key() : QString();
-            LockTreeview(tvwServiceItems);
-            ShowServiceItems(strKey);
-            if (!strKey.isEmpty() && tvwServiceItems->KeyExists(strKey)) {
-                tvwServiceItems->viewport()->update();
-                VBNode again = tvwServiceItems->Nodes(strKey);
-                tvwServiceItems_NodeClick(again.Item());
-                again.setSelected(true);
-                again.EnsureVisible();
+        .Spelt()
+        .Enter()
+        .ErrorBox([&] {
+            if (!tvwServiceItems->isHidden()) {
+                const VBNode node = tvwServiceItems->SelectedItem();
+                const QString strKey = node ? node.Key() : QString();
+                RedrawLock lock(tvwServiceItems);
+                ShowServiceItems(strKey);
+                if (!strKey.isEmpty() && tvwServiceItems->KeyExists(strKey)) {
+                    tvwServiceItems->viewport()->update();
+                    GalleryCore::Reselect(tvwServiceItems->Nodes(strKey), [&](QTreeWidgetItem* i) {
+                        tvwServiceItems_NodeClick(i);
+                    });
+                }
+            } else if (!lvwServiceItems->isHidden()) {
+                const VBNode item = lvwServiceItems->SelectedItem();
+                const QString strKey = item ? item.Key() : QString();
+                ShowServiceItems(strKey);
+                if (!lvwServiceItems->isHidden() && !strKey.isEmpty() &&
+                    lvwServiceItems->KeyExists(strKey)) {
+                    GalleryCore::Reselect(lvwServiceItems->Nodes(strKey), [&](QTreeWidgetItem* i) {
+                        lvwServiceItems_ItemClick(i);
+                    });
+                }
             }
-            UnLockTreeview(tvwServiceItems);
-        } else if (!lvwServiceItems->isHidden()) {
-            const VBNode item = lvwServiceItems->SelectedItem();
-            const QString strKey = item ? item.Key() : QString();
-            ShowServiceItems(strKey);
-            if (!lvwServiceItems->isHidden() && !strKey.isEmpty() &&
-                lvwServiceItems->KeyExists(strKey)) {
-                VBNode again = lvwServiceItems->Nodes(strKey);
-                lvwServiceItems_ItemClick(again.Item());
-                again.setSelected(true);
-                again.EnsureVisible();
-            }
-        }
-    });
+        });
 }
 
 void ctlServiceItemGallery::SelectServiceItem(qint32 lngServiceItem) {
@@ -407,52 +330,40 @@ void ctlServiceItemGallery::SelectServiceItem(qint32 lngServiceItem) {
 // Finds the first node of the item in the tree. List keys hold no ";;SI;", so in
 // the list nothing is found.
 void ctlServiceItemGallery::SelectServiceItem(qint32 lngServiceItem, QString& strErrorMessage) {
-    TraceLine(kClass, QStringLiteral("SelectServiceItem"))
+    Entry(QStringLiteral("SelectServiceItem"))
         .Arg(QStringLiteral("lngServiceItem"), lngServiceItem)
         .Arg(QStringLiteral("strErrorMessage"), strErrorMessage)
-        .Write();
-    ErrorReport::TryErrorReturn(
-        ErrorReport::Prefix(kClass, QStringLiteral("SelectServiceItem")), strErrorMessage, [&] {
-            const QString strWanted =
-                kItemMark + QString::number(lngServiceItem) + QStringLiteral(",");
-            VBTreeWidget* view = !tvwServiceItems->isHidden() ? tvwServiceItems : lvwServiceItems;
-            for (qint32 i = 1; i <= view->Count(); ++i) {
-                VBNode node = view->Nodes(i);
-                if (VB::InStr(node.Key() + QStringLiteral(","), strWanted) == 0)
-                    continue;
-                node.EnsureVisible();
-                node.setSelected(true);
-                if (view == tvwServiceItems)
-                    tvwServiceItems_NodeClick(node.Item());
-                else
-                    lvwServiceItems_ItemClick(node.Item());
+        .Enter()
+        .ErrorReturn(strErrorMessage, [&] {
+            const VBNode node = m_core->FindItemNode(lngServiceItem);
+            if (!node)
                 return;
-            }
+            if (m_core->TreeShown())
+                GalleryCore::SelectAndClick(
+                    node, [&](QTreeWidgetItem* i) { tvwServiceItems_NodeClick(i); });
+            else
+                GalleryCore::SelectAndClick(
+                    node, [&](QTreeWidgetItem* i) { lvwServiceItems_ItemClick(i); });
         });
 }
 
 // ---------------------------------------------------------------- New item
 
 void ctlServiceItemGallery::NewServiceItem(qint32 SIType) {
-    TraceLine(kClass, QStringLiteral("NewServiceItem"))
+    Entry(QStringLiteral("NewServiceItem"))
         .Arg(QStringLiteral("SIType"), SIType)
-        .Write();
-    ErrorReport::TryErrorBox(ErrorReport::Prefix(kClass, QStringLiteral("NewServiceItem")), [&] {
-        QString strErrorMessage;
-        qint32 lngNewID = 0;
-        DataAccess::Instance().AddServiceItem(QString(), QString(), QString(), SIType,
-                                              strErrorMessage, true, lngNewID);
-        if (!strErrorMessage.isEmpty()) {
-            const QString strText =
-                QStringLiteral("QVLTCONTROLS:ctlServiceItemGallery:NewServiceItem: ") +
-                strErrorMessage;
-            TraceLog::Instance().WriteErrorLine(strText);
-            Platform::Current().MsgBox(strText);
-        }
-        ShowServiceItems();
-        SelectServiceItem(lngNewID);
-        emit NewServiceItemAdded(lngNewID);
-    });
+        .Enter()
+        .ErrorBox([&] {
+            QString strErrorMessage;
+            qint32 lngNewID = 0;
+            DataAccess::Instance().AddServiceItem(QString(), QString(), QString(), SIType,
+                                                  strErrorMessage, true, lngNewID);
+            ReportFailure(QStringLiteral("QVLTCONTROLS:ctlServiceItemGallery:NewServiceItem: "),
+                          strErrorMessage);
+            ShowServiceItems();
+            SelectServiceItem(lngNewID);
+            emit NewServiceItemAdded(lngNewID);
+        });
 }
 
 // ---------------------------------------------------------------- Nodes of the parent
@@ -465,79 +376,92 @@ void ctlServiceItemGallery::HideServiceItem(const QString& strWhichItem, qint32 
 // Removes one node (only the first, when the item stands under several keywords)
 // and its group when that is left empty. The database is not touched.
 void ctlServiceItemGallery::HideServiceItem(QVariant& WhichItem, qint32 lngSIID) {
-    TraceLine(kClass, QStringLiteral("HideServiceItem"))
+    Entry(QStringLiteral("HideServiceItem"))
         .Arg(QStringLiteral("WhichItem"), WhichItem)
         .Arg(QStringLiteral("lngSIID"), lngSIID)
-        .Write();
-    ErrorReport::TryErrorBox(ErrorReport::Prefix(kClass, QStringLiteral("HideServiceItem")), [&] {
-        if (tvwServiceItems->isHidden())
-            return;
-        if (lngSIID != 0) {
-            const QString strEnd = kItemMark + QString::number(lngSIID);
-            bool blnFound = false;
-            for (qint32 i = 1; i <= tvwServiceItems->Count(); ++i) {
-                const QString strKey = tvwServiceItems->Nodes(i).Key();
-                if (strKey.endsWith(strEnd)) {
-                    WhichItem = strKey;
-                    blnFound = true;
-                    break;
-                }
-            }
-            if (!blnFound && VB::Text(WhichItem).isEmpty())
+        .Enter()
+        .ErrorBox([&] {
+            if (tvwServiceItems->isHidden())
                 return;
-        }
-        const QString strKey = VB::Text(WhichItem);
-        const QString strParentKey = tvwServiceItems->Nodes(strKey).Parent().Key();
-        tvwServiceItems->Remove(strKey);
-        if (tvwServiceItems->Nodes(strParentKey).Children() == 0)
-            tvwServiceItems->Remove(strParentKey);
-    });
+            if (lngSIID != 0) {
+                const QString strEnd = Table().strItemMark + QString::number(lngSIID);
+                bool blnFound = false;
+                for (qint32 i = 1; i <= tvwServiceItems->Count(); ++i) {
+                    const QString strKey = tvwServiceItems->Nodes(i).Key();
+                    if (strKey.endsWith(strEnd)) {
+                        WhichItem = strKey;
+                        blnFound = true;
+                        break;
+                    }
+                }
+                if (!blnFound && VB::Text(WhichItem).isEmpty())
+                    return;
+            }
+            const QString strKey = VB::Text(WhichItem);
+            const QString strParentKey = tvwServiceItems->Nodes(strKey).Parent().Key();
+            tvwServiceItems->Remove(strKey);
+            if (tvwServiceItems->Nodes(strParentKey).Children() == 0)
+                tvwServiceItems->Remove(strParentKey);
+        });
 }
 
 // Adds a node of the parent's making; a missing group node is made from the row
 // of its group value. The database is not touched.
 void ctlServiceItemGallery::AddServiceItem(const QString& strParentKey, const QString& strKey,
                                            const QString& strText, qint16 intImageID) {
-    TraceLine(kClass, QStringLiteral("AddServiceItem"))
+    Entry(QStringLiteral("AddServiceItem"))
         .Arg(QStringLiteral("strParentKey"), strParentKey)
         .Arg(QStringLiteral("strKey"), strKey)
         .Arg(QStringLiteral("strText"), strText)
         .Arg(QStringLiteral("intImageID"), intImageID)
-        .Write();
-    ErrorReport::TryErrorBox(ErrorReport::Prefix(kClass, QStringLiteral("AddServiceItem")), [&] {
-        if (tvwServiceItems->isHidden())
-            return;
-        if (!tvwServiceItems->KeyExists(strParentKey)) {
-            const QString strGroupBy = cboGroupByProperty->currentText();
-            QString strValueField;
-            QString strTextField;
-            GroupFields(strGroupBy, strValueField, strTextField);
-            QString strValue =
-                GetWhatComesBetween(strKey, QStringLiteral(";"), QStringLiteral(";;"));
-            if (LooksLikeDate(strValue))
-                strValue = QStringLiteral("#") + strValue + QStringLiteral("#");
-            else if (!VB::IsNumeric(strValue))
-                strValue = QStringLiteral("'") + strValue + QStringLiteral("'");
-            QString strErrorMessage;
-            std::unique_ptr<Recordset> rs;
-            DataAccess::Instance().GetServiceItemsJoined(
-                strValueField + QStringLiteral(" = ") + strValue, 4, strErrorMessage, rs);
-            if (!rs)
-                throw VBError(VBErr::ObjectNotSet);
-            VBNode group = tvwServiceItems->Add(QStringLiteral("Root"), tvwChild, strParentKey,
-                                                VB::Text(rs->Fields(strTextField)),
-                                                QStringLiteral("imgFolderClosed"));
-            group.setTag(strGroupBy);
-            SortChildrenOf(QStringLiteral("Root"));
-        }
-        VBNode node = tvwServiceItems->Add(strParentKey, tvwChild, strKey, strText);
-        SetNodeImage(node, intImageID);
-        // The levels were sorted by the load and stay sorted.
-        SortChildrenOf(strParentKey);
-    });
+        .Enter()
+        .ErrorBox([&] {
+            if (tvwServiceItems->isHidden())
+                return;
+            if (!tvwServiceItems->KeyExists(strParentKey)) {
+                const QString strGroupBy = cboGroupByProperty->currentText();
+                const GalleryGroup group = Table().Group(strGroupBy);
+                const QString& strValueField = group.strValueField;
+                const QString& strTextField = group.strTextField;
+                QString strValue =
+                    GetWhatComesBetween(strKey, QStringLiteral(";"), QStringLiteral(";;"));
+                if (LooksLikeDate(strValue))
+                    strValue = QStringLiteral("#") + strValue + QStringLiteral("#");
+                else if (!VB::IsNumeric(strValue))
+                    strValue = QStringLiteral("'") + strValue + QStringLiteral("'");
+                QString strErrorMessage;
+                std::unique_ptr<Recordset> rs;
+                DataAccess::Instance().GetServiceItemsJoined(
+                    strValueField + QStringLiteral(" = ") + strValue, 4, strErrorMessage, rs);
+                if (!rs)
+                    throw VBError(VBErr::ObjectNotSet);
+                VBNode node = tvwServiceItems->Add(QStringLiteral("Root"), tvwChild, strParentKey,
+                                                   VB::Text(rs->Fields(strTextField)),
+                                                   QStringLiteral("imgFolderClosed"));
+                node.setTag(strGroupBy);
+                SortChildrenOf(QStringLiteral("Root"));
+            }
+            VBNode node = tvwServiceItems->Add(strParentKey, tvwChild, strKey, strText);
+            SetNodeImage(node, intImageID);
+            // The levels were sorted by the load and stay sorted.
+            SortChildrenOf(strParentKey);
+        });
 }
 
 void ctlServiceItemGallery::SortChildrenOf(const QString& strKey) {
     if (tvwServiceItems->KeyExists(strKey))
         tvwServiceItems->Nodes(strKey).setSorted(true);
+}
+
+// ---------------------------------------------------------------- Shared routines
+
+QString ctlServiceItemGallery::SelectedIdOfShownView() const {
+    const VBNode node = m_core->ShownSelection();
+    return node ? m_core->IdOf(m_core->ShownView(), node.Key()) : QString();
+}
+
+void ctlServiceItemGallery::ReportFailure(const QString& strPrefix,
+                                          const QString& strErrorMessage) {
+    if (!strErrorMessage.isEmpty())
+        GalleryCore::Report(strPrefix + strErrorMessage);
 }

@@ -3,6 +3,10 @@
 
 #include "galleries/ctlServiceItemGallery.h"
 
+#include "foundations/KeyCodes.h"
+#include "foundations/MemberEntry.h"
+#include "galleries/GalleryCore.h"
+
 #include "foundations/ErrorReport.h"
 #include "foundations/Platform.h"
 #include "foundations/TraceLine.h"
@@ -18,25 +22,11 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScopedValueRollback>
 #include <QTimer>
 
 namespace {
 const QString kClass = QStringLiteral("ctlServiceItemGallery");
-const QString kHidePanelCaption = QStringLiteral("&Hide Display Properties");
-const QString kShowPanelCaption = QStringLiteral("&Show Display Properties");
-const QColor kActiveColour(192, 0, 0); // VB colour 192: red
-
-// Clears a flag when the scope ends, also when a failure passes through.
-class FlagScope {
-public:
-    explicit FlagScope(bool& blnFlag) : m_flag(blnFlag) { m_flag = true; }
-    ~FlagScope() { m_flag = false; }
-    FlagScope(const FlagScope&) = delete;
-    FlagScope& operator=(const FlagScope&) = delete;
-
-private:
-    bool& m_flag;
-};
 } // namespace
 
 // ---------------------------------------------------------------- Clauses
@@ -44,44 +34,7 @@ private:
 // The main filter: one field, one operator, one criterion. Sets the where clause
 // and its words as a side effect.
 QString ctlServiceItemGallery::GetFilterAsWhereClause() {
-    TraceLine(kClass, QStringLiteral("GetFilterAsWhereClause")).Write();
-    QString strResult;
-    ErrorReport::TryErrorBox(PrefixSpaced(QStringLiteral("GetFilterAsWhereClause")), [&] {
-        const QString P = cboProperty->currentText();
-        const QString C = txtCriterion->text();
-        QString F;
-        if (P == QLatin1String("Description"))
-            F = QStringLiteral("ServiceItemDescription");
-        else if (P == QLatin1String("Keywords"))
-            F = QStringLiteral("KeyWordText");
-        else if (P == QLatin1String("Type"))
-            F = QStringLiteral("ServiceItemTypeName");
-        else if (P == QLatin1String("Source"))
-            F = QStringLiteral("ServiceItemSource");
-        else if (P == QLatin1String("Provider"))
-            F = QStringLiteral("ServiceItemProvider");
-        else if (P == QLatin1String("Content"))
-            F = QStringLiteral("ServiceItemContent");
-
-        const QString O = cboOperator->currentText();
-        QString strClause;
-        if (O == QLatin1String("Contains")) {
-            strClause = F + QStringLiteral(" LIKE '*") + C + QStringLiteral("*'");
-            strFilterInPlainEnglish = P + QStringLiteral(" contains the text '") + C + "'";
-        } else if (O == QLatin1String("Does not contain")) {
-            strClause = F + QStringLiteral(" NOT LIKE '*") + C + QStringLiteral("*'");
-            strFilterInPlainEnglish = P + QStringLiteral(" does not contain the text '") + C + "'";
-        } else if (O == QLatin1String("Starts with")) {
-            strClause = F + QStringLiteral(" LIKE '") + C + QStringLiteral("*'");
-            strFilterInPlainEnglish = P + QStringLiteral(" starts with the text '") + C + "'";
-        } else if (O == QLatin1String("Ends with")) {
-            strClause = F + QStringLiteral(" LIKE '*") + C + QStringLiteral("'");
-            strFilterInPlainEnglish = P + QStringLiteral(" ends with the text '") + C + "'";
-        }
-        strWhereClauseInEffect = strClause;
-        strResult = strClause;
-    });
-    return strResult;
+    return m_core->GetFilterAsWhereClause(strFilterInPlainEnglish, strWhereClauseInEffect);
 }
 
 // The quick filter searches ten fields of the joined tables at once.
@@ -113,19 +66,7 @@ QString ctlServiceItemGallery::QuickFilterWords() const {
 
 // "(Filter is inactive)" always resets the filter state as a whole.
 void ctlServiceItemGallery::SetFilterStateInactive() {
-    lblFilterState->setText(QStringLiteral("(Filter is inactive)"));
-    QPalette pal = lblFilterState->palette();
-    pal.setColor(QPalette::WindowText, QApplication::palette().color(QPalette::ButtonText));
-    lblFilterState->setPalette(pal);
-    strFilterInPlainEnglish = QStringLiteral("No Filter");
-    strWhereClauseInEffect = QString();
-}
-
-void ctlServiceItemGallery::SetFilterStateActive(const QString& strCaption) {
-    lblFilterState->setText(strCaption);
-    QPalette pal = lblFilterState->palette();
-    pal.setColor(QPalette::WindowText, kActiveColour);
-    lblFilterState->setPalette(pal);
+    m_core->SetFilterStateInactive(strFilterInPlainEnglish, strWhereClauseInEffect);
 }
 
 // ---------------------------------------------------------------- Quick filter
@@ -148,18 +89,18 @@ void ctlServiceItemGallery::txtQuickFilter_GotFocus() {
 
 void ctlServiceItemGallery::txtQuickFilter_Change() {
     ErrorReport::Guard([&] {
-        TraceLine(kClass, QStringLiteral("txtQuickFilter_Change")).Write();
+        Entry(QStringLiteral("txtQuickFilter_Change")).Enter();
         // A change that arrives while one is in work (a load can set one off) does nothing.
         if (m_blnQuickFilterBusy)
             return;
-        FlagScope busy(m_blnQuickFilterBusy);
+        const QScopedValueRollback<bool> busy(m_blnQuickFilterBusy, true);
         ShowServiceItems();
         BringSelectionIntoSight();
         if (txtQuickFilter->text().isEmpty()) {
             SetFilterStateInactive();
             emit SIListFilterChanged(QStringLiteral("All"), QString(), QString());
         } else {
-            SetFilterStateActive(QStringLiteral("(FILTER ACTIVE)"));
+            m_core->SetFilterStateActive(QStringLiteral("(FILTER ACTIVE)"));
             // "All" even though the rows are narrowed: the host reloads by the clause.
             emit SIListFilterChanged(QStringLiteral("All"), QuickFilterWords(),
                                      QuickFilterClause());
@@ -182,74 +123,34 @@ void ctlServiceItemGallery::BringSelectionIntoSight() {
 // ---------------------------------------------------------------- Main filter
 
 void ctlServiceItemGallery::txtCriterion_Change() {
-    ErrorReport::Guard([&] {
-        // The timer runs one full second from the last key.
-        Timer1->stop();
-        Timer1->start();
-    });
+    ErrorReport::Guard([&] { m_core->RestartTimer(); });
 }
 
-// The key with code 192 (the apostrophe key) takes back what it just typed.
+// The apostrophe key takes back what it just typed.
 void ctlServiceItemGallery::txtCriterion_KeyUp(qint16& KeyCode, qint16 Shift) {
     Q_UNUSED(Shift);
-    if (KeyCode != 192)
-        return;
-    const QString strText = txtCriterion->text();
-    if (!strText.isEmpty())
-        txtCriterion->setText(VB::Left(strText, VB::Len(strText) - 1));
-    txtCriterion->setCursorPosition(static_cast<int>(txtCriterion->text().size()));
+    m_core->TakeBackApostrophe(KeyCode);
 }
 
 void ctlServiceItemGallery::Timer1_Timer() {
-    TraceLine(kClass, QStringLiteral("Timer1_Timer")).Write();
-    ErrorReport::TryErrorBox(PrefixSpaced(QStringLiteral("Timer1_Timer")), [&] {
-        if (blnLoaded)
-            CheckIfShouldApplyFilter();
-        Timer1->stop();
-    });
+    m_core->Timer1_Timer(blnLoaded, [&] { CheckIfShouldApplyFilter(); });
 }
 
 void ctlServiceItemGallery::cboProperty_Click() {
-    TraceLine(kClass, QStringLiteral("cboProperty_Click")).Write();
-    ErrorReport::TryErrorBox(PrefixSpaced(QStringLiteral("cboProperty_Click")), [&] {
-        if (!cboOperator->currentText().isEmpty()) {
-            txtCriterion->selectAll();
-            txtCriterion->setFocus();
-        } else {
-            cboOperator->setCurrentIndex(0); // "Contains"; counts as a click on it
-            txtCriterion->setFocus();
-        }
-        CheckIfShouldApplyFilter();
-    });
+    m_core->cboProperty_Click([&] { CheckIfShouldApplyFilter(); });
 }
 
 void ctlServiceItemGallery::cboOperator_Click() {
-    TraceLine(kClass, QStringLiteral("cboOperator_Click")).Write();
-    ErrorReport::TryErrorBox(PrefixSpaced(QStringLiteral("cboOperator_Click")), [&] {
-        if (!cboProperty->currentText().isEmpty()) {
-            txtCriterion->selectAll();
-            txtCriterion->setFocus();
-        }
-        CheckIfShouldApplyFilter();
-    });
+    m_core->cboOperator_Click([&] { CheckIfShouldApplyFilter(); });
 }
 
 void ctlServiceItemGallery::CheckIfShouldApplyFilter() {
-    TraceLine(kClass, QStringLiteral("CheckIfShouldApplyFilter")).Write();
-    ErrorReport::TryErrorBox(PrefixSpaced(QStringLiteral("CheckIfShouldApplyFilter")), [&] {
+    Entry(QStringLiteral("CheckIfShouldApplyFilter")).Spelt().Enter().ErrorBox([&] {
         if (!blnLoaded)
             return;
-        if (txtCriterion->text().isEmpty()) {
-            SetFilterStateInactive();
-            ShowServiceItems();
-        } else if (!cboProperty->currentText().isEmpty() && !cboOperator->currentText().isEmpty()) {
-            SetFilterStateActive(QStringLiteral("(FILTER ACTIVE)"));
-            ShowServiceItems();
-        } else {
-            SetFilterStateInactive();
-            tvwServiceItems->Clear();
+        if (!m_core->CheckFilter(strFilterInPlainEnglish, strWhereClauseInEffect,
+                                 [&] { ShowServiceItems(); }))
             return;
-        }
         emit SIClicked(QStringLiteral("All"), QStringLiteral("All Service Items"),
                        strWhereClauseInEffect, strFilterInPlainEnglish, QStringLiteral("SIGroup"));
     });
@@ -259,17 +160,16 @@ void ctlServiceItemGallery::CheckIfShouldApplyFilter() {
 
 // The caption of the button is the state of the panel.
 void ctlServiceItemGallery::cmdShowHideFilter_Click() {
-    TraceLine(kClass, QStringLiteral("cmdShowHideFilter_Click")).Write();
-    ErrorReport::TryErrorBox(PrefixSpaced(QStringLiteral("cmdShowHideFilter_Click")), [&] {
-        if (cmdShowHideFilter->text() == kHidePanelCaption) {
+    Entry(QStringLiteral("cmdShowHideFilter_Click")).Spelt().Enter().ErrorBox([&] {
+        if (m_core->PanelOpen()) {
             PlaceViews(960, HeightTwips() - 940);
-            cmdShowHideFilter->setText(kShowPanelCaption);
+            m_core->SetPanelOpen(false);
             txtQuickFilter->show();
         } else {
             txtQuickFilter->setText(QString());
             txtQuickFilter->hide();
             PlaceViews(3180, HeightTwips() - 3180);
-            cmdShowHideFilter->setText(kHidePanelCaption);
+            m_core->SetPanelOpen(true);
         }
         BringSelectionIntoSight();
         if (!txtQuickFilter->isHidden())
@@ -284,7 +184,7 @@ void ctlServiceItemGallery::SwitchFilterFrames() {
 
 void ctlServiceItemGallery::optQuickFilter_Click() {
     ErrorReport::Guard([&] {
-        TraceLine(kClass, QStringLiteral("optQuickFilter_Click")).Write();
+        Entry(QStringLiteral("optQuickFilter_Click")).Enter();
         if (lngShortListID != 0) {
             const qint32 intAnswer = Platform::Current().MsgBox(
                 QStringLiteral("A shortlist is already in effect. Do you want to apply a "
@@ -314,7 +214,7 @@ void ctlServiceItemGallery::optQuickFilter_Click() {
 // Only switches the frames: the rows change when a short list is picked.
 void ctlServiceItemGallery::optShortList_Click() {
     ErrorReport::Guard([&] {
-        TraceLine(kClass, QStringLiteral("optShortList_Click")).Write();
+        Entry(QStringLiteral("optShortList_Click")).Enter();
         SwitchFilterFrames();
     });
 }

@@ -3,6 +3,9 @@
 
 #include "galleries/ctlServiceItemGallery.h"
 
+#include "foundations/MemberEntry.h"
+#include "galleries/GalleryCore.h"
+
 #include "Settings.h"
 #include "foundations/ControlFrame.h"
 #include "foundations/ErrorReport.h"
@@ -37,7 +40,6 @@
 
 namespace {
 const QString kClass = QStringLiteral("ctlServiceItemGallery");
-const QString kHidePanelCaption = QStringLiteral("&Hide Display Properties");
 
 // Layout numbers, in twips.
 constexpr qint32 kMinHeight = 3200;
@@ -86,7 +88,8 @@ private:
 
 // ---------------------------------------------------------------- Construction
 
-ctlServiceItemGallery::ctlServiceItemGallery(QWidget* parent) : QWidget(parent) {
+ctlServiceItemGallery::ctlServiceItemGallery(QWidget* parent)
+    : QWidget(parent), m_core(std::make_unique<GalleryCore>(Table(), this)) {
     CreateWidgets();
     CreateToolbar();
     CreateMenus();
@@ -98,9 +101,8 @@ ctlServiceItemGallery::~ctlServiceItemGallery() {
     UserControl_Terminate();
 }
 
-QString ctlServiceItemGallery::PrefixSpaced(const QString& strMember) {
-    return QStringLiteral("QVLTCONTROLS:ctlServiceItemGallery:") + strMember +
-           QStringLiteral(" : Error number is ");
+MemberEntry ctlServiceItemGallery::Entry(const QString& strMember) {
+    return MemberEntry(kClass, strMember);
 }
 
 void ctlServiceItemGallery::CreateWidgets() {
@@ -109,24 +111,22 @@ void ctlServiceItemGallery::CreateWidgets() {
     imlServiceItems = new VBImageList(QStringLiteral("imlServiceItems"), this);
     StandardIcons::FillServiceItemImages(*imlServiceItems);
 
-    cmdShowHideFilter = Named(new QPushButton(QStringLiteral("&Show Display Properties"), this),
-                              QStringLiteral("cmdShowHideFilter"));
-    lblFilterState = Named(new QLabel(QStringLiteral("(Filter is Inactive)"), this),
-                           QStringLiteral("lblFilterState"));
+    m_core->CreatePanel();
+    cmdShowHideFilter = m_core->cmdShowHideFilter;
+    lblFilterState = m_core->lblFilterState;
+    fraShowAs = m_core->fraShowAs;
+    optShowAsTree = m_core->optShowAsTree;
+    optShowAsList = m_core->optShowAsList;
+    cboGroupByProperty = m_core->cboGroupByProperty;
+    fraFilter = m_core->fraFilter;
+    Timer1 = m_core->Timer1;
+    cboProperty = m_core->cboProperty;
+    cboOperator = m_core->cboOperator;
+    txtCriterion = m_core->txtCriterion;
     Label1 = Named(new QLabel(QStringLiteral("Quick Filter:"), this), QStringLiteral("Label1"));
     Label2 = Named(new QLabel(QStringLiteral("Not available when using main filter"), this),
                    QStringLiteral("Label2"));
     txtQuickFilter = Named(new QLineEdit(this), QStringLiteral("txtQuickFilter"));
-
-    fraShowAs = Named(new QGroupBox(QStringLiteral("Show As"), this), QStringLiteral("fraShowAs"));
-    optShowAsTree = Named(new QRadioButton(QStringLiteral("A Tree Grouped By"), fraShowAs),
-                          QStringLiteral("optShowAsTree"));
-    optShowAsList = Named(new QRadioButton(QStringLiteral("A List"), fraShowAs),
-                          QStringLiteral("optShowAsList"));
-    optShowAsTree->setChecked(true);
-    cboGroupByProperty = Named(new QComboBox(fraShowAs), QStringLiteral("cboGroupByProperty"));
-    cboGroupByProperty->addItems({QStringLiteral("Type"), QStringLiteral("Keyword"),
-                                  QStringLiteral("Source"), QStringLiteral("Provider")});
 
     optQuickFilter = Named(new QRadioButton(QStringLiteral("Use Quick Filter"), this),
                            QStringLiteral("optQuickFilter"));
@@ -137,22 +137,6 @@ void ctlServiceItemGallery::CreateWidgets() {
     auto* grpFilterMode = new QButtonGroup(this);
     grpFilterMode->addButton(optQuickFilter);
     grpFilterMode->addButton(optShortList);
-
-    fraFilter = Named(new QGroupBox(QStringLiteral("Filter Service Items Where:"), this),
-                      QStringLiteral("fraFilter"));
-    Timer1 = Named(new QTimer(fraFilter), QStringLiteral("Timer1"));
-    Timer1->setInterval(1000);
-    Timer1->setSingleShot(true);
-    cboProperty = Named(new QComboBox(fraFilter), QStringLiteral("cboProperty"));
-    cboProperty->addItems({QStringLiteral("Content"), QStringLiteral("Description"),
-                           QStringLiteral("Type"), QStringLiteral("Source"),
-                           QStringLiteral("Provider"), QStringLiteral("Keywords")});
-    cboProperty->setCurrentIndex(-1);
-    cboOperator = Named(new QComboBox(fraFilter), QStringLiteral("cboOperator"));
-    cboOperator->addItems({QStringLiteral("Contains"), QStringLiteral("Starts with"),
-                           QStringLiteral("Ends with"), QStringLiteral("Does not contain")});
-    cboOperator->setCurrentIndex(-1);
-    txtCriterion = Named(new QLineEdit(fraFilter), QStringLiteral("txtCriterion"));
 
     fraSelectShortList = Named(new QGroupBox(QStringLiteral("ShortList"), this),
                                QStringLiteral("fraSelectShortList"));
@@ -186,6 +170,7 @@ void ctlServiceItemGallery::CreateWidgets() {
         lvwServiceItems->AddColumnHeader(QString(), strCaption, 2540);
     lvwServiceItems->header()->setSectionsClickable(true);
     lvwServiceItems->hide();
+    m_core->SetViews(tvwServiceItems, lvwServiceItems);
 
     StatusBar1 = Named(new VBStatusBar(this), QStringLiteral("StatusBar1"));
     StatusBar1->AddPanel(QString(), 0);
@@ -223,6 +208,7 @@ void ctlServiceItemGallery::CreateToolbar() {
                                               QIcon(imlToolBar->ListImage(strImage)));
         button->setToolTip(lstButtons.at(i).second);
     }
+    m_core->SetToolbar(Toolbar2);
 }
 
 QAction* ctlServiceItemGallery::ToolbarButton(const QString& strKey) const {
@@ -259,14 +245,10 @@ void ctlServiceItemGallery::CreateMenus() {
 }
 
 void ctlServiceItemGallery::ConnectWidgets() {
-    connect(optShowAsTree, &QRadioButton::toggled, this, [this](bool blnOn) {
-        if (blnOn)
-            optShowAsTree_Click();
-    });
-    connect(optShowAsList, &QRadioButton::toggled, this, [this](bool blnOn) {
-        if (blnOn)
-            optShowAsList_Click();
-    });
+    using G = ctlServiceItemGallery;
+    m_core->ConnectPanel(this, &G::optShowAsTree_Click, &G::optShowAsList_Click,
+                         &G::cboGroupByProperty_Click, &G::cboProperty_Click, &G::cboOperator_Click,
+                         &G::cmdShowHideFilter_Click, &G::txtCriterion_Change, &G::Timer1_Timer);
     connect(optQuickFilter, &QRadioButton::toggled, this, [this](bool blnOn) {
         if (blnOn)
             optQuickFilter_Click();
@@ -275,19 +257,8 @@ void ctlServiceItemGallery::ConnectWidgets() {
         if (blnOn)
             optShortList_Click();
     });
-    connect(cboGroupByProperty, &QComboBox::currentIndexChanged, this,
-            &ctlServiceItemGallery::cboGroupByProperty_Click);
-    connect(cboProperty, &QComboBox::currentIndexChanged, this,
-            &ctlServiceItemGallery::cboProperty_Click);
-    connect(cboOperator, &QComboBox::currentIndexChanged, this,
-            &ctlServiceItemGallery::cboOperator_Click);
-    connect(cmdShowHideFilter, &QPushButton::clicked, this,
-            &ctlServiceItemGallery::cmdShowHideFilter_Click);
     connect(txtQuickFilter, &QLineEdit::textChanged, this,
             &ctlServiceItemGallery::txtQuickFilter_Change);
-    connect(txtCriterion, &QLineEdit::textChanged, this,
-            &ctlServiceItemGallery::txtCriterion_Change);
-    connect(Timer1, &QTimer::timeout, this, &ctlServiceItemGallery::Timer1_Timer);
     connect(StatusBar1, &VBStatusBar::PanelClick, this,
             &ctlServiceItemGallery::StatusBar1_PanelClick);
     connect(Toolbar2, &VBToolBar::ButtonClick, this, &ctlServiceItemGallery::Toolbar2_ButtonClick);
@@ -326,39 +297,14 @@ void ctlServiceItemGallery::ConnectWidgets() {
 // ---------------------------------------------------------------- Events of the children
 
 namespace {
-// The key code of a key event as the handlers know it (Delete 46, F5 116, the
-// apostrophe key 192).
 qint16 KeyCodeOf(const QKeyEvent* event) {
-    switch (event->key()) {
-    case Qt::Key_Delete:
-        return 46;
-    case Qt::Key_F5:
-        return 116;
-    case Qt::Key_Apostrophe:
-    case Qt::Key_QuoteLeft:
-        return 192;
-    default:
-        return static_cast<qint16>(event->key() & 0x7fff);
-    }
+    return GalleryCore::KeyCodeOf(event);
 }
-
 qint16 ShiftOf(const QInputEvent* event) {
-    qint16 intShift = 0;
-    if (event->modifiers() & Qt::ShiftModifier)
-        intShift |= vbShiftMask;
-    if (event->modifiers() & Qt::ControlModifier)
-        intShift |= vbCtrlMask;
-    if (event->modifiers() & Qt::AltModifier)
-        intShift |= vbAltMask;
-    return intShift;
+    return GalleryCore::ShiftOf(event);
 }
-
 qint16 ButtonOf(const QMouseEvent* event) {
-    if (event->button() == Qt::RightButton)
-        return vbRightButton;
-    if (event->button() == Qt::LeftButton)
-        return vbLeftButton;
-    return 4;
+    return GalleryCore::ButtonOf(event);
 }
 } // namespace
 
@@ -426,8 +372,7 @@ bool ctlServiceItemGallery::eventFilter(QObject* watched, QEvent* event) {
 // ---------------------------------------------------------------- Initialise, terminate
 
 void ctlServiceItemGallery::UserControl_Initialize() {
-    TraceLine(kClass, QStringLiteral("UserControl_Initialize")).Write();
-    ErrorReport::TryErrorBox(PrefixSpaced(QStringLiteral("UserControl_Initialize")), [&] {
+    Entry(QStringLiteral("UserControl_Initialize")).Spelt().Enter().ErrorBox([&] {
         const QString strMax = VB::Left(
             Settings::GetPrivateProfileString(
                 QStringLiteral("Options"), QStringLiteral("MaxSIsToShow"), QStringLiteral("100")),
@@ -442,13 +387,13 @@ void ctlServiceItemGallery::UserControl_Initialize() {
 }
 
 void ctlServiceItemGallery::UserControl_Terminate() {
-    TraceLine(kClass, QStringLiteral("UserControl_Terminate")).Write();
-    ErrorReport::TryErrorBox(PrefixSpaced(QStringLiteral("UserControl_Terminate")),
-                             [&] { Timer1->stop(); });
+    Entry(QStringLiteral("UserControl_Terminate")).Spelt().Enter().ErrorBox([&] {
+        Timer1->stop();
+    });
 }
 
 bool ctlServiceItemGallery::CanUnload() {
-    TraceLine(kClass, QStringLiteral("CanUnload")).Write();
+    Entry(QStringLiteral("CanUnload")).Enter();
     return true;
 }
 
@@ -457,7 +402,7 @@ QString ctlServiceItemGallery::Description() const {
 }
 
 void ctlServiceItemGallery::ReleaseListViewFilter() {
-    TraceLine(kClass, QStringLiteral("ReleaseListViewFilter")).Write();
+    Entry(QStringLiteral("ReleaseListViewFilter")).Enter();
 }
 
 // ---------------------------------------------------------------- Stored properties
@@ -475,7 +420,7 @@ void ctlServiceItemGallery::setShowToolbar(bool blnValue) {
 
 void ctlServiceItemGallery::optShowAsTree_Click() {
     ErrorReport::Guard([&] {
-        TraceLine(kClass, QStringLiteral("optShowAsTree_Click")).Write();
+        Entry(QStringLiteral("optShowAsTree_Click")).Enter();
         if (blnLoaded)
             ShowServiceItems();
     });
@@ -483,18 +428,14 @@ void ctlServiceItemGallery::optShowAsTree_Click() {
 
 void ctlServiceItemGallery::optShowAsList_Click() {
     ErrorReport::Guard([&] {
-        TraceLine(kClass, QStringLiteral("optShowAsList_Click")).Write();
+        Entry(QStringLiteral("optShowAsList_Click")).Enter();
         if (blnLoaded)
             ShowServiceItems();
     });
 }
 
 void ctlServiceItemGallery::cboGroupByProperty_Click() {
-    TraceLine(kClass, QStringLiteral("cboGroupByProperty_Click")).Write();
-    ErrorReport::TryErrorBox(PrefixSpaced(QStringLiteral("cboGroupByProperty_Click")), [&] {
-        if (blnLoaded)
-            ShowServiceItems();
-    });
+    m_core->cboGroupByProperty_Click(blnLoaded, [&] { ShowServiceItems(); });
 }
 
 // ---------------------------------------------------------------- Layout
@@ -574,7 +515,7 @@ void ctlServiceItemGallery::UserControl_Resize() {
     }
 
     qint32 lngViewsTop = kViewsTopPanelClosed;
-    if (cmdShowHideFilter->text() == kHidePanelCaption)
+    if (m_core->PanelOpen())
         lngViewsTop = kViewsTopPanelOpen;
     else if (!m_blnShowToolbar)
         lngViewsTop = 0;

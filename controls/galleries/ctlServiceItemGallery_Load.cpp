@@ -3,6 +3,9 @@
 
 #include "galleries/ctlServiceItemGallery.h"
 
+#include "foundations/MemberEntry.h"
+#include "galleries/GalleryCore.h"
+
 #include "DataAccess.h"
 #include "Recordset.h"
 #include "TraceLog.h"
@@ -24,7 +27,6 @@ using namespace modQVLTControls;
 
 namespace {
 const QString kClass = QStringLiteral("ctlServiceItemGallery");
-const QString kHidePanelCaption = QStringLiteral("&Hide Display Properties");
 
 // Adds 1 to a 16-bit counter, overflowing as the runtime does.
 void Increment(qint16& intCounter) {
@@ -41,30 +43,25 @@ void ctlServiceItemGallery::ShowServiceItems(const QString& strNodeKeyToSelect) 
 
 void ctlServiceItemGallery::ShowServiceItems(const QString& strNodeKeyToSelect,
                                              QString& strErrorMessage) {
-    TraceLine(kClass, QStringLiteral("ShowServiceItems"))
-        .Arg(QStringLiteral("strNodeKeyToSelect"), strNodeKeyToSelect)
-        .Arg(QStringLiteral("strErrorMessage"), strErrorMessage)
-        .Write();
-    const bool blnDone = ErrorReport::TryErrorReturn(
-        ErrorReport::Prefix(kClass, QStringLiteral("ShowServiceItems")), strErrorMessage,
-        [&] { ShowServiceItemsUnlocked(strNodeKeyToSelect, strErrorMessage); });
-    // A failure in the middle of the load must not leave the tree without painting.
-    if (!blnDone)
-        UnLockTreeview(tvwServiceItems);
+    const auto entry = Entry(QStringLiteral("ShowServiceItems"))
+                           .Arg(QStringLiteral("strNodeKeyToSelect"), strNodeKeyToSelect)
+                           .Arg(QStringLiteral("strErrorMessage"), strErrorMessage)
+                           .Enter();
+    // The tree is drawn again on every way out, a failure in the middle of the load too.
+    RedrawLock lock(tvwServiceItems);
+    entry.ErrorReturn(strErrorMessage,
+                      [&] { ShowServiceItemsUnlocked(strNodeKeyToSelect, strErrorMessage); });
 }
 
 void ctlServiceItemGallery::ShowServiceItemsUnlocked(const QString& strNodeKeyToSelect,
                                                      QString& strErrorMessage) {
     const QString strLogPrefix =
         QStringLiteral("QVLTCONTROLS:ctlServiceItemGallery:ShowServiceItems : ");
-    LockTreeview(tvwServiceItems);
-
     // A short list in effect takes the place of every other road.
     if (lngShortListID != 0) {
         ApplyShortList(lngShortListID, strErrorMessage);
         if (!strErrorMessage.isEmpty())
             TraceLog::Instance().WriteErrorLine(strLogPrefix + strErrorMessage);
-        UnLockTreeview(tvwServiceItems);
         return;
     }
 
@@ -79,7 +76,6 @@ void ctlServiceItemGallery::ShowServiceItemsUnlocked(const QString& strNodeKeyTo
     } else if (!txtCriterion->text().isEmpty()) {
         if (cboProperty->currentText().isEmpty() || cboOperator->currentText().isEmpty()) {
             tvwServiceItems->Clear();
-            UnLockTreeview(tvwServiceItems);
             return;
         }
         strWhere = GetFilterAsWhereClause();
@@ -93,17 +89,15 @@ void ctlServiceItemGallery::ShowServiceItemsUnlocked(const QString& strNodeKeyTo
     // The quick road reads on regardless: a clause that fails leaves the view empty.
     if (!blnQuickRoad && !strErrorMessage.isEmpty()) {
         TraceLog::Instance().WriteErrorLine(strLogPrefix + strErrorMessage);
-        UnLockTreeview(tvwServiceItems);
         return;
     }
 
-    ShowEmptyView();
+    m_core->ShowEmptyView(optShowAsList->isChecked());
 
     if (!rs)
         throw VBError(VBErr::ObjectNotSet);
     if (rs->RecordCount() == 0) {
         rs.reset();
-        UnLockTreeview(tvwServiceItems);
         return;
     }
     rs->MoveLast();
@@ -122,7 +116,7 @@ void ctlServiceItemGallery::ShowServiceItemsUnlocked(const QString& strNodeKeyTo
     rs.reset();
     TrimData(strIDs, QStringLiteral(","));
 
-    if (cmdShowHideFilter->text() == kHidePanelCaption) {
+    if (m_core->PanelOpen()) {
         if (blnNoFilter)
             emit SIListFilterChanged(QStringLiteral("All"), QString(), QString());
         else
@@ -131,13 +125,9 @@ void ctlServiceItemGallery::ShowServiceItemsUnlocked(const QString& strNodeKeyTo
 
     if (!tvwServiceItems->isHidden() && !strNodeKeyToSelect.isEmpty() &&
         tvwServiceItems->KeyExists(strNodeKeyToSelect)) {
-        VBNode node = tvwServiceItems->Nodes(strNodeKeyToSelect);
-        node.EnsureVisible();
-        node.setSelected(true);
-        tvwServiceItems_NodeClick(node.Item());
+        GalleryCore::SelectAndClick(tvwServiceItems->Nodes(strNodeKeyToSelect),
+                                    [&](QTreeWidgetItem* i) { tvwServiceItems_NodeClick(i); });
     }
-
-    UnLockTreeview(tvwServiceItems);
 
     if (blnNaturalEnd) {
         const QString strCount = QString::number(intAdded);
@@ -152,8 +142,7 @@ void ctlServiceItemGallery::ShowServiceItemsUnlocked(const QString& strNodeKeyTo
 void ctlServiceItemGallery::LoadList(Recordset& rs, qint16& intAdded, QString& strIDs) {
     while (!rs.Eof()) {
         const qint32 lngID = VB::CLng(rs.Fields(QStringLiteral("ServiceItems.ServiceItemID")));
-        if (lngID != 1 &&
-            !lvwServiceItems->KeyExists(QStringLiteral("SI;") + QString::number(lngID))) {
+        if (lngID != 1 && !lvwServiceItems->KeyExists(m_core->ListKey(lngID))) {
             AddListItem(rs, lngID);
             Increment(intAdded);
             // The list never sets a group value: the id list is a run of commas.
@@ -167,9 +156,8 @@ void ctlServiceItemGallery::LoadList(Recordset& rs, qint16& intAdded, QString& s
 void ctlServiceItemGallery::AddListItem(const Recordset& rs, qint32 lngID) {
     const QVariant varType = rs.Fields(QStringLiteral("ServiceItems.ServiceItemTypeID"));
     const qint32 lngType = VB::CLng(varType);
-    VBNode item =
-        lvwServiceItems->AddItem(QStringLiteral("SI;") + QString::number(lngID),
-                                 VB::Text(rs.Fields(QStringLiteral("ServiceItemTypeName"))));
+    VBNode item = lvwServiceItems->AddItem(
+        m_core->ListKey(lngID), VB::Text(rs.Fields(QStringLiteral("ServiceItemTypeName"))));
     SetNodeImage(item, lngType);
     const QVariant varDescription = rs.Fields(QStringLiteral("ServiceItemDescription"));
     if (!varDescription.isNull())
@@ -187,31 +175,13 @@ void ctlServiceItemGallery::AddListItem(const Recordset& rs, qint32 lngID) {
 
 // ---------------------------------------------------------------- Tree load
 
-void ctlServiceItemGallery::GroupFields(const QString& strGroupBy, QString& strValueField,
-                                        QString& strTextField) {
-    if (strGroupBy == QLatin1String("Type")) {
-        strValueField = QStringLiteral("ServiceItems.ServiceItemTypeID");
-        strTextField = QStringLiteral("ServiceItemTypeName");
-    } else if (strGroupBy == QLatin1String("Keyword")) {
-        strValueField = QStringLiteral("Keywords.KeywordID");
-        strTextField = QStringLiteral("KeywordText");
-    } else if (strGroupBy == QLatin1String("Source")) {
-        strValueField = QStringLiteral("ServiceItemSource");
-        strTextField = QStringLiteral("ServiceItemSource");
-    } else if (strGroupBy == QLatin1String("Provider")) {
-        strValueField = QStringLiteral("ServiceItemProvider");
-        strTextField = QStringLiteral("ServiceItemProvider");
-    }
-}
-
 bool ctlServiceItemGallery::LoadTree(Recordset& rs, qint16& intAdded, QString& strIDs) {
     const QString strGroupBy = cboGroupByProperty->currentText();
-    QString strValueField;
-    QString strTextField;
-    GroupFields(strGroupBy, strValueField, strTextField);
+    const GalleryGroup group = Table().Group(strGroupBy);
+    const QString& strValueField = group.strValueField;
+    const QString& strTextField = group.strTextField;
 
-    tvwServiceItems->Add(QVariant(), tvwLast, QStringLiteral("Root"),
-                         QStringLiteral("Service Items"), QStringLiteral("imgFolderOpen"));
+    m_core->AddRoot();
     // Rows of one item follow each other (one per keyword and point). Except under
     // Keyword grouping they all give the same item key, which the first row has made.
     const bool blnGroupIsItemField = strGroupBy != QLatin1String("Keyword");
@@ -225,19 +195,11 @@ bool ctlServiceItemGallery::LoadTree(Recordset& rs, qint16& intAdded, QString& s
         lngPreviousID = lngID;
         if (lngID != 1 && !blnSameItem) {
             const QVariant varValue = rs.Fields(strValueField);
-            const QString strGroupValue =
-                varValue.isNull() ? QStringLiteral("0") : VB::CStr(varValue);
+            const QString strGroupValue = GalleryCore::GroupValue(varValue);
             const QString strGroupKey = strGroupBy + QStringLiteral(";") + strGroupValue;
-            if (!tvwServiceItems->KeyExists(strGroupKey)) {
-                const QString strGroupText = varValue.isNull() ? QStringLiteral("No ") + strGroupBy
-                                                               : VB::Text(rs.Fields(strTextField));
-                VBNode group =
-                    tvwServiceItems->Add(QStringLiteral("Root"), tvwChild, strGroupKey,
-                                         Decoded(strGroupText), QStringLiteral("imgFolderClosed"));
-                group.setTag(strGroupBy);
-            }
-            const QString strItemKey =
-                strGroupKey + QStringLiteral(";;SI;") + QString::number(lngID);
+            m_core->EnsureGroup(strGroupKey, strGroupBy, varValue,
+                                [&] { return Decoded(VB::Text(rs.Fields(strTextField))); });
+            const QString strItemKey = m_core->ItemKey(strGroupKey, lngID);
             if (!tvwServiceItems->KeyExists(strItemKey)) {
                 const QString strText = ItemText(rs);
                 if (!blnShowAll && intAdded >= lngMaxSIsToShow) {
@@ -260,7 +222,7 @@ bool ctlServiceItemGallery::LoadTree(Recordset& rs, qint16& intAdded, QString& s
         rs.MoveNext();
     }
     SortTreeview();
-    ExpandAfterLoad();
+    m_core->ExpandAfterLoad();
     return blnNaturalEnd;
 }
 
@@ -296,47 +258,17 @@ void ctlServiceItemGallery::SetNodeImage(VBNode& node, qint32 lngTypeID) {
         node.Item()->setData(0, VBRole::Image, lngTypeID);
 }
 
-bool ctlServiceItemGallery::IsFolderImage(const QVariant& varImage) const {
-    const QString strImage =
-        varImage.typeId() == QMetaType::QString ? varImage.toString() : QString();
-    return strImage == QLatin1String("imgFolderClosed") ||
-           strImage == QLatin1String("imgFolderOpen");
-}
-
-// Fewer than 20 nodes: every folder open; more: only the root.
-void ctlServiceItemGallery::ExpandAfterLoad() {
-    const bool blnWasLocked = !tvwServiceItems->updatesEnabled();
-    if (tvwServiceItems->Count() < 20)
-        ExpandAllNodesByLevel(tvwServiceItems, 0);
-    else
-        ExpandAllNodesByLevel(tvwServiceItems, 2);
-    // The expansion draws again; a load keeps the tree locked to its end.
-    if (blnWasLocked)
-        LockTreeview(tvwServiceItems);
-}
-
 // ---------------------------------------------------------------- Sorting
 
 void ctlServiceItemGallery::SortTreeview() {
-    TraceLine(kClass, QStringLiteral("SortTreeview")).Write();
-    ErrorReport::TryErrorBox(PrefixSpaced(QStringLiteral("SortTreeview")), [&] {
-        const bool blnWasLocked = !tvwServiceItems->updatesEnabled();
-        LockTreeview(tvwServiceItems);
-        for (qint32 i = 1; i <= tvwServiceItems->Count(); ++i) {
-            VBNode node = tvwServiceItems->Nodes(i);
-            if (node.Children() > 1)
-                node.setSorted(true);
-        }
-        if (!blnWasLocked)
-            UnLockTreeview(tvwServiceItems);
-    });
+    m_core->SortTreeview();
 }
 
 void ctlServiceItemGallery::lvwServiceItems_ColumnClick(int intColumn) {
     ErrorReport::Guard([&] {
-        TraceLine(kClass, QStringLiteral("lvwServiceItems_ColumnClick"))
+        Entry(QStringLiteral("lvwServiceItems_ColumnClick"))
             .Arg(QStringLiteral("ColumnHeader"), intColumn + 1)
-            .Write();
+            .Enter();
         // Sorted stays on with the key of the column; the order is never reversed.
         m_blnListSorted = true;
         m_intListSortKey = intColumn;
@@ -369,9 +301,9 @@ void ctlServiceItemGallery::tvwServiceItems_Collapse(QTreeWidgetItem* Node) {
 
 void ctlServiceItemGallery::StatusBar1_PanelClick(qint32 intPanel) {
     ErrorReport::Guard([&] {
-        TraceLine(kClass, QStringLiteral("StatusBar1_PanelClick"))
+        Entry(QStringLiteral("StatusBar1_PanelClick"))
             .Arg(QStringLiteral("Panel"), intPanel)
-            .Write();
+            .Enter();
         if (intPanel != 2)
             return;
         if (StatusPanelText(2) == QLatin1String("Show All")) {
@@ -385,14 +317,4 @@ void ctlServiceItemGallery::StatusBar1_PanelClick(qint32 intPanel) {
         const VBNode node = tvwServiceItems->SelectedItem();
         ShowServiceItems(node ? node.Key() : QString());
     });
-}
-
-// Shows the view that optShowAsList chooses, empty, and hides the other.
-void ctlServiceItemGallery::ShowEmptyView() {
-    const bool blnList = optShowAsList->isChecked();
-    VBTreeWidget* shown = blnList ? lvwServiceItems : tvwServiceItems;
-    VBTreeWidget* hidden = blnList ? tvwServiceItems : lvwServiceItems;
-    shown->show();
-    hidden->hide();
-    shown->Clear();
 }

@@ -3,9 +3,13 @@
 
 #include "galleries/ctlServiceItemGallery.h"
 
+#include "foundations/MemberEntry.h"
+#include "galleries/GalleryCore.h"
+
 #include "DataAccess.h"
 #include "TraceLog.h"
 #include "foundations/ErrorReport.h"
+#include "foundations/KeyCodes.h"
 #include "foundations/Platform.h"
 #include "foundations/TraceLine.h"
 #include "foundations/VBConstants.h"
@@ -26,17 +30,15 @@ using namespace modQVLTControls;
 
 namespace {
 const QString kClass = QStringLiteral("ctlServiceItemGallery");
-const QString kItemMark = QStringLiteral(";;SI;");
 } // namespace
 
 // ---------------------------------------------------------------- Selection members
 
 QString ctlServiceItemGallery::SelectedItemKey() {
-    TraceLine(kClass, QStringLiteral("SelectedItemKey")).Write();
+    const auto entry = Entry(QStringLiteral("SelectedItemKey")).Spelt().Enter();
     QString strKey;
-    ErrorReport::TryErrorBox(PrefixSpaced(QStringLiteral("SelectedItemKey")), [&] {
-        const VBNode node = !lvwServiceItems->isHidden() ? lvwServiceItems->SelectedItem()
-                                                         : tvwServiceItems->SelectedItem();
+    entry.ErrorBox([&] {
+        const VBNode node = m_core->ShownSelection();
         if (node)
             strKey = node.Key();
     });
@@ -46,11 +48,10 @@ QString ctlServiceItemGallery::SelectedItemKey() {
 // The picture number of the selection. A folder's picture is a key, not a number,
 // and does not convert: that is reported as a type mismatch.
 qint16 ctlServiceItemGallery::SelectedItemImage() {
-    TraceLine(kClass, QStringLiteral("SelectedItemImage")).Write();
+    const auto entry = Entry(QStringLiteral("SelectedItemImage")).Spelt().Enter();
     qint16 intImage = 0;
-    ErrorReport::TryErrorBox(PrefixSpaced(QStringLiteral("SelectedItemImage")), [&] {
-        const VBNode node = !lvwServiceItems->isHidden() ? lvwServiceItems->SelectedItem()
-                                                         : tvwServiceItems->SelectedItem();
+    entry.ErrorBox([&] {
+        const VBNode node = m_core->ShownSelection();
         if (node)
             intImage = VB::CInt(node.Image());
     });
@@ -58,9 +59,9 @@ qint16 ctlServiceItemGallery::SelectedItemImage() {
 }
 
 QString ctlServiceItemGallery::SelectedItemText() {
-    TraceLine(kClass, QStringLiteral("SelectedItemText")).Write();
+    const auto entry = Entry(QStringLiteral("SelectedItemText")).Spelt().Enter();
     QString strText;
-    ErrorReport::TryErrorBox(PrefixSpaced(QStringLiteral("SelectedItemText")), [&] {
+    entry.ErrorBox([&] {
         if (!lvwServiceItems->isHidden()) {
             const VBNode item = lvwServiceItems->SelectedItem();
             if (item)
@@ -75,11 +76,11 @@ QString ctlServiceItemGallery::SelectedItemText() {
 }
 
 QString ctlServiceItemGallery::SelectedServiceItems() {
-    TraceLine(kClass, QStringLiteral("SelectedServiceItems")).Write();
+    Entry(QStringLiteral("SelectedServiceItems")).Enter();
     QString strIDs;
     if (!tvwServiceItems->isHidden()) {
         const VBNode node = tvwServiceItems->SelectedItem();
-        if (node && !IsFolderImage(node.Image())) {
+        if (node && !GalleryCore::IsFolderImage(node.Image())) {
             const QString strKey = node.Key();
             strIDs = VB::Mid(strKey, VB::InStrRev(strKey, QStringLiteral(";")) + 1);
         }
@@ -97,83 +98,52 @@ QString ctlServiceItemGallery::SelectedServiceItems() {
     return strIDs;
 }
 
-qint32 ctlServiceItemGallery::SelectedListCount() const {
-    return static_cast<qint32>(lvwServiceItems->selectedItems().size());
-}
-
 // ---------------------------------------------------------------- Clicks
-
-void ctlServiceItemGallery::SetItemButtons(const QStringList& lstKeys, bool blnEnabled) {
-    for (const QString& strKey : lstKeys)
-        if (QAction* button = ToolbarButton(strKey))
-            button->setEnabled(blnEnabled);
-}
 
 void ctlServiceItemGallery::tvwServiceItems_NodeClick(QTreeWidgetItem* Node) {
     const VBNode node(Node);
-    TraceLine(kClass, QStringLiteral("tvwServiceItems_NodeClick"))
+    Entry(QStringLiteral("tvwServiceItems_NodeClick"))
         .Arg(QStringLiteral("Node"), node ? node.Key() : QString())
-        .Write();
-    ErrorReport::TryErrorBox(
-        ErrorReport::Prefix(kClass, QStringLiteral("tvwServiceItems_NodeClick")),
-        [&] { NodeClick(node); });
+        .Enter()
+        .ErrorBox([&] { NodeClick(node); });
 }
 
 void ctlServiceItemGallery::NodeClick(const VBNode& Node) {
-    const QString K = Node.Key();
-    const bool blnIsItem = VB::InStr(K, kItemMark) > 0;
     // btnExport is left alone: a group or the root can be exported from the tree.
-    SetItemButtons({QStringLiteral("btnRun"), QStringLiteral("btnDelete"),
-                    QStringLiteral("btnProperties"), QStringLiteral("btnPrint"),
-                    QStringLiteral("btnEdit")},
-                   blnIsItem);
-    if (blnIsItem) {
-        emit SIClicked(VB::Mid(K, VB::InStr(K, kItemMark) + kItemMark.size()), Node.Text(),
-                       strWhereClauseInEffect, strFilterInPlainEnglish, QStringLiteral("SI"));
-    } else if (K == QLatin1String("Root")) {
-        emit SIClicked(QStringLiteral("All"), QStringLiteral("All Service Items"),
-                       strWhereClauseInEffect, strFilterInPlainEnglish, QStringLiteral("SIGroup"));
-    } else {
-        // A group: the ids of its children, from the first child to the last sibling.
-        VBNode child = Node.Child();
-        const VBNode last = child.LastSibling();
-        QString strIDs = GetInstance(child.Key(), QStringLiteral(";"), 5);
-        while (!(child == last)) {
-            child = child.Next();
-            strIDs += QStringLiteral(",") + GetInstance(child.Key(), QStringLiteral(";"), 5);
-        }
-        emit SIClicked(strIDs,
-                       QStringLiteral("Service Items for ") + VB::Text(Node.Tag()) +
-                           QStringLiteral(": ") + Node.Text(),
-                       strWhereClauseInEffect, strFilterInPlainEnglish, QStringLiteral("SIGroup"));
-    }
+    m_core->SetButtons({QStringLiteral("btnRun"), QStringLiteral("btnDelete"),
+                        QStringLiteral("btnProperties"), QStringLiteral("btnPrint"),
+                        QStringLiteral("btnEdit")},
+                       m_core->IsItemKey(Node.Key()));
+    const GalleryCore::ClickWords words = m_core->NodeClickWords(Node);
+    emit SIClicked(words.strID, words.strDescription, strWhereClauseInEffect,
+                   strFilterInPlainEnglish, words.strType);
     if (!txtQuickFilter->isHidden())
         txtQuickFilter->setFocus();
 }
 
 void ctlServiceItemGallery::lvwServiceItems_ItemClick(QTreeWidgetItem* Item) {
     const VBNode item(Item);
-    TraceLine(kClass, QStringLiteral("lvwServiceItems_ItemClick"))
+    Entry(QStringLiteral("lvwServiceItems_ItemClick"))
         .Arg(QStringLiteral("Item"), item ? item.Key() : QString())
-        .Write();
-    ErrorReport::TryErrorBox(PrefixSpaced(QStringLiteral("lvwServiceItems_ItemClick")),
-                             [&] { ItemClick(item); });
+        .Spelt()
+        .Enter()
+        .ErrorBox([&] { ItemClick(item); });
 }
 
 void ctlServiceItemGallery::ItemClick(const VBNode& Item) {
-    if (SelectedListCount() < 2) {
+    if (m_core->SelectedListCount() < 2) {
         const QString strKey = Item.Key();
-        SetItemButtons({QStringLiteral("btnRun"), QStringLiteral("btnDelete"),
-                        QStringLiteral("btnProperties"), QStringLiteral("btnPrint"),
-                        QStringLiteral("btnExport")},
-                       VB::InStr(strKey, QStringLiteral("SI;")) > 0);
+        m_core->SetButtons({QStringLiteral("btnRun"), QStringLiteral("btnDelete"),
+                            QStringLiteral("btnProperties"), QStringLiteral("btnPrint"),
+                            QStringLiteral("btnExport")},
+                           VB::InStr(strKey, QStringLiteral("SI;")) > 0);
         emit SIClicked(VB::Mid(strKey, 4), Item.SubItems(1), strWhereClauseInEffect,
                        strFilterInPlainEnglish, QStringLiteral("SI"));
         if (!txtQuickFilter->isHidden())
             txtQuickFilter->setFocus();
     } else {
         // Several items: only what works on one item is switched off.
-        SetItemButtons(
+        m_core->SetButtons(
             {QStringLiteral("btnRun"), QStringLiteral("btnProperties"), QStringLiteral("btnPrint")},
             false);
     }
@@ -184,13 +154,13 @@ void ctlServiceItemGallery::ItemClick(const VBNode& Item) {
 // The tree raises the event and never runs the item itself.
 void ctlServiceItemGallery::tvwServiceItems_DblClick() {
     ErrorReport::Guard([&] {
-        TraceLine(kClass, QStringLiteral("tvwServiceItems_DblClick")).Write();
+        Entry(QStringLiteral("tvwServiceItems_DblClick")).Enter();
         const VBNode node = tvwServiceItems->SelectedItem();
         if (!node)
             return;
         const QString strKey = node.Key();
-        if (VB::InStr(strKey, kItemMark) > 0)
-            emit SIDblClicked(VB::CLng(GetInstance(strKey, QStringLiteral(";"), 5)));
+        if (m_core->IsItemKey(strKey))
+            emit SIDblClicked(VB::CLng(m_core->IdOf(tvwServiceItems, strKey)));
     });
 }
 
@@ -199,7 +169,7 @@ void ctlServiceItemGallery::tvwServiceItems_DblClick() {
 // The list's Tag, sent otherwise, is the item's type id.
 void ctlServiceItemGallery::lvwServiceItems_DblClick() {
     ErrorReport::Guard([&] {
-        TraceLine(kClass, QStringLiteral("lvwServiceItems_DblClick")).Write();
+        Entry(QStringLiteral("lvwServiceItems_DblClick")).Enter();
         const VBNode item = lvwServiceItems->SelectedItem();
         if (!item)
             return;
@@ -209,12 +179,7 @@ void ctlServiceItemGallery::lvwServiceItems_DblClick() {
                 VB::CLng(VB::Right(strKey, VB::InStr(strKey, QStringLiteral(";")) - 1));
             QString strErrorMessage;
             DataAccess::Instance().RunServiceItem(lngID, strErrorMessage);
-            if (!strErrorMessage.isEmpty()) {
-                const QString strText =
-                    QStringLiteral("lvwServiceItems_DblClick: ") + strErrorMessage;
-                TraceLog::Instance().WriteErrorLine(strText);
-                Platform::Current().MsgBox(strText);
-            }
+            ReportFailure(QStringLiteral("lvwServiceItems_DblClick: "), strErrorMessage);
             return;
         }
         emit SIDblClicked(VB::CLng(item.Tag()));
@@ -243,7 +208,7 @@ void ctlServiceItemGallery::tvwServiceItems_MouseDown(qint16 Button, qint16 Shif
     VBNode node(hit);
     tvwServiceItems->setSelectedItem(node);
     const QString strKey = node.Key();
-    if (VB::InStr(strKey, kItemMark) > 0) {
+    if (m_core->IsItemKey(strKey)) {
         PopupMenu(mnuRightCLick);
     } else if (VB::Left(strKey, 5) == QLatin1String("Type;")) {
         mnuRightClickTypeNew->setText(QStringLiteral("&New ") + node.Text());
@@ -261,34 +226,28 @@ void ctlServiceItemGallery::tvwServiceItems_MouseDown(qint16 Button, qint16 Shif
 void ctlServiceItemGallery::lvwServiceItems_MouseUp(qint16 Button, qint16 Shift,
                                                     const QPoint& ptAt) {
     Q_UNUSED(Shift);
-    TraceLine(kClass, QStringLiteral("lvwServiceItems_MouseUp"))
+    Entry(QStringLiteral("lvwServiceItems_MouseUp"))
         .Arg(QStringLiteral("Button"), Button)
         .Arg(QStringLiteral("Shift"), Shift)
-        .Write();
-    ErrorReport::TryErrorBox(PrefixSpaced(QStringLiteral("lvwServiceItems_MouseUp")), [&] {
-        if (Button != vbRightButton)
-            return;
-        QTreeWidgetItem* hit = lvwServiceItems->itemAt(ptAt);
-        if (hit && VB::Left(VBNode(hit).Key(), 3) == QLatin1String("SI;"))
-            PopupMenu(mnuRightCLick);
-    });
+        .Spelt()
+        .Enter()
+        .ErrorBox([&] {
+            if (Button != vbRightButton)
+                return;
+            QTreeWidgetItem* hit = lvwServiceItems->itemAt(ptAt);
+            if (hit && m_core->IsListKey(VBNode(hit).Key()))
+                PopupMenu(mnuRightCLick);
+        });
 }
 
 // ---------------------------------------------------------------- Keys of the tree
 
 void ctlServiceItemGallery::tvwServiceItems_KeyUp(qint16& KeyCode, qint16 Shift) {
     Q_UNUSED(Shift);
-    if (KeyCode == 46) { // Delete
-        if (!tvwServiceItems->isHidden()) {
-            const VBNode node = tvwServiceItems->SelectedItem();
-            if (node)
-                DeleteServiceItem(VB::CLng(GetInstance(node.Key(), QStringLiteral(";"), 5)));
-        } else if (!lvwServiceItems->isHidden()) {
-            const VBNode item = lvwServiceItems->SelectedItem();
-            if (item)
-                DeleteServiceItem(VB::CLng(GetInstance(item.Key(), QStringLiteral(";"), 2)));
-        }
-    } else if (KeyCode == 116) { // F5
+    if (KeyCode == KeyCodes::vbKeyDelete) {
+        if (m_core->ShownSelection())
+            DeleteServiceItem(VB::CLng(SelectedIdOfShownView()));
+    } else if (KeyCode == KeyCodes::vbKeyF1 + 4) { // F5
         if (!tvwServiceItems->isHidden()) {
             const VBNode node = tvwServiceItems->SelectedItem();
             RefreshView(node ? static_cast<qint16>(node.Index()) : qint16(0));
@@ -301,7 +260,7 @@ void ctlServiceItemGallery::tvwServiceItems_KeyUp(qint16& KeyCode, qint16 Shift)
 // The payload of a drag: the whole key of an item node as text. A folder gives none.
 QMimeData* ctlServiceItemGallery::DragData() const {
     const VBNode node = tvwServiceItems->SelectedItem();
-    if (!node || IsFolderImage(node.Image()))
+    if (!node || GalleryCore::IsFolderImage(node.Image()))
         return nullptr;
     auto* data = new QMimeData;
     data->setText(node.Key());

@@ -2,6 +2,9 @@
 
 #include "galleries/ctlServiceItemGallery.h"
 
+#include "foundations/MemberEntry.h"
+#include "galleries/GalleryCore.h"
+
 #include "DataAccess.h"
 #include "Recordset.h"
 #include "TraceLog.h"
@@ -29,12 +32,11 @@ void ctlServiceItemGallery::ApplyShortList(qint32 lngShortListID) {
 }
 
 void ctlServiceItemGallery::ApplyShortList(qint32 lngShortListID, QString& strErrorMessage) {
-    TraceLine(kClass, QStringLiteral("ApplyShortList"))
+    Entry(QStringLiteral("ApplyShortList"))
         .Arg(QStringLiteral("lngShortListID"), lngShortListID)
         .Arg(QStringLiteral("strErrorMessage"), strErrorMessage)
-        .Write();
-    ErrorReport::TryErrorReturn(
-        ErrorReport::Prefix(kClass, QStringLiteral("ApplyShortList")), strErrorMessage, [&] {
+        .Enter()
+        .ErrorReturn(strErrorMessage, [&] {
             this->lngShortListID = lngShortListID;
             const VBNode selected = tvwServiceItems->SelectedItem();
             const QString strRememberedKey = selected ? selected.Key() : QString();
@@ -75,7 +77,7 @@ void ctlServiceItemGallery::ApplyShortList(qint32 lngShortListID, QString& strEr
             const QString strContent = VB::Text(rs->Fields(QStringLiteral("ShortListContent")));
             rs.reset();
 
-            ShowEmptyView();
+            m_core->ShowEmptyView(optShowAsList->isChecked());
 
             DataAccess::Instance().GetServiceItemsJoined(QString(), 4, strErrorMessage, rs);
             if (!strErrorMessage.isEmpty()) {
@@ -100,12 +102,11 @@ void ctlServiceItemGallery::ApplyShortList(qint32 lngShortListID, QString& strEr
 
             if (!tvwServiceItems->isHidden() && !strRememberedKey.isEmpty() &&
                 tvwServiceItems->KeyExists(strRememberedKey)) {
-                VBNode node = tvwServiceItems->Nodes(strRememberedKey);
-                node.EnsureVisible();
-                node.setSelected(true);
-                tvwServiceItems_NodeClick(node.Item());
+                GalleryCore::SelectAndClick(
+                    tvwServiceItems->Nodes(strRememberedKey),
+                    [&](QTreeWidgetItem* i) { tvwServiceItems_NodeClick(i); });
             }
-            SetFilterStateActive(QStringLiteral("(Short-List)"));
+            m_core->SetFilterStateActive(QStringLiteral("(Short-List)"));
         });
 }
 
@@ -117,12 +118,9 @@ void ctlServiceItemGallery::ApplyShortListRows(Recordset& rs, const QString& str
     if (lngCount <= 1)
         return;
     const QString strGroupBy = cboGroupByProperty->currentText();
-    QString strValueField;
-    QString strTextField;
-    GroupFields(strGroupBy, strValueField, strTextField);
+    const GalleryGroup group = Table().Group(strGroupBy);
     if (blnTree)
-        tvwServiceItems->Add(QVariant(), tvwLast, QStringLiteral("Root"),
-                             QStringLiteral("Service Items"), QStringLiteral("imgFolderOpen"));
+        m_core->AddRoot();
     for (qint32 i = 1; i <= lngCount; ++i) {
         const qint32 lngID = VB::CLng(GetInstance(strContent, QStringLiteral(","), i));
         rs.MoveFirst();
@@ -133,24 +131,17 @@ void ctlServiceItemGallery::ApplyShortListRows(Recordset& rs, const QString& str
         if (rs.Eof())
             throw VBError(3021, QStringLiteral("No current record."));
         if (!blnTree) {
-            if (!lvwServiceItems->KeyExists(QStringLiteral("SI;") + QString::number(lngID)))
+            if (!lvwServiceItems->KeyExists(m_core->ListKey(lngID)))
                 AddListItem(rs, lngID);
             continue;
         }
-        const QVariant varValue = rs.Fields(strValueField);
-        QString strGroupValue = QStringLiteral("0");
-        QString strGroupText = QStringLiteral("No ") + strGroupBy;
-        if (!varValue.isNull()) {
-            strGroupValue = VB::CStr(varValue);
-            strGroupText = VB::Text(rs.Fields(strTextField));
-        }
+        const QVariant varValue = rs.Fields(group.strValueField);
+        const QString strGroupValue = GalleryCore::GroupValue(varValue);
         const QString strGroupKey = strGroupBy + QStringLiteral(";") + strGroupValue;
-        if (!tvwServiceItems->KeyExists(strGroupKey))
-            tvwServiceItems
-                ->Add(QStringLiteral("Root"), tvwChild, strGroupKey, strGroupText,
-                      QStringLiteral("imgFolderClosed"))
-                .setTag(strGroupBy);
-        const QString strItemKey = strGroupKey + QStringLiteral(";;SI;") + QString::number(lngID);
+        // The short list shows a group's text as it is stored.
+        m_core->EnsureGroup(strGroupKey, strGroupBy, varValue,
+                            [&] { return VB::Text(rs.Fields(group.strTextField)); });
+        const QString strItemKey = m_core->ItemKey(strGroupKey, lngID);
         if (!tvwServiceItems->KeyExists(strItemKey)) {
             VBNode item = tvwServiceItems->Add(strGroupKey, tvwChild, strItemKey, ItemText(rs));
             SetNodeImage(item,
@@ -160,6 +151,6 @@ void ctlServiceItemGallery::ApplyShortListRows(Recordset& rs, const QString& str
     }
     if (blnTree) {
         SortTreeview();
-        ExpandAfterLoad();
+        m_core->ExpandAfterLoad();
     }
 }

@@ -112,6 +112,7 @@ private slots:
     void deleteLandsOnNextSiblingWhenFirst();
     void deletingOnlyItemOfGroupLandsOnNextGroup();
     void deletingOnlyItemOfOneGroupTreeLandsOnRoot();
+    void deletingOnlyItemOfLastGroupLandsOnPreviousGroup();
     void deleteOfGroupFailsInConversion();
     void deleteMessageOfDataAccessIsShown();
     void deleteServiceItemsGoesOnAfterFailure();
@@ -743,6 +744,19 @@ void tst_ctlServiceItemGallery_Commands::deletingOnlyItemOfOneGroupTreeLandsOnRo
     QCOMPARE(GalleryFixture::Keys(f.Tree()), QStringList({"Root"}));
     QCOMPARE(f.Tree()->SelectedItem().Key(), QString("Root"));
     QCOMPARE(Args(clicked.last()), QStringList({"All", "All Service Items", "", "", "SIGroup"}));
+}
+
+void tst_ctlServiceItemGallery_Commands::deletingOnlyItemOfLastGroupLandsOnPreviousGroup() {
+    GalleryFixture f;
+    QVERIFY(f.Item(TestDatabase::Prayer, "Collect") > 0);
+    const qint32 reading = f.Item(TestDatabase::Reading, "Psalm");
+    QVERIFY(reading > 0);
+    f.gallery->ShowServiceItems(ItemKey(2, reading));
+    f.platform.QueueAnswer(vbYes);
+    f.Button("btnDelete")->trigger();
+    // Groups sort as Prayer, Reading: the last group has no next, so the previous.
+    QVERIFY(!f.Tree()->KeyExists("Type;2"));
+    QCOMPARE(f.Tree()->SelectedItem().Key(), QString("Type;1"));
 }
 
 void tst_ctlServiceItemGallery_Commands::deleteOfGroupFailsInConversion() {

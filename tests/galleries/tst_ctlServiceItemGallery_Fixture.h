@@ -7,6 +7,7 @@
 #include "ScriptedPlatform.h"
 #include "Settings.h"
 #include "TestDatabase.h"
+#include "TraceFile.h"
 #include "foundations/VBStatusBar.h"
 #include "foundations/VBToolBar.h"
 #include "foundations/VBTreeWidget.h"
@@ -14,7 +15,6 @@
 
 #include <QAction>
 #include <QComboBox>
-#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -34,7 +34,6 @@ struct GalleryFixture {
 
     // lngMaxSIsToShow above 0 is written to Corvantis.ini for the gallery to read.
     explicit GalleryFixture(qint32 lngMaxSIsToShow = 0) {
-        m_traceStart = AllTrace().size();
         if (lngMaxSIsToShow > 0)
             Settings::WritePrivateProfileString(QStringLiteral("Options"),
                                                 QStringLiteral("MaxSIsToShow"),
@@ -111,17 +110,11 @@ struct GalleryFixture {
                                   Q_ARG(QAction*, Button(key)));
     }
 
-    // The trace lines written since the fixture was made.
-    QString Trace() const { return AllTrace().mid(m_traceStart); }
-    static QString AllTrace() {
-        QFile file(qEnvironmentVariable("CORVANTIS_TRACE"));
-        if (!file.open(QIODevice::ReadOnly))
-            return QString();
-        return QString::fromUtf8(file.readAll());
-    }
+    // The trace lines written since the fixture was made, one text.
+    QString Trace() const { return m_trace.NewLines().join(QLatin1Char('\n')); }
 
 private:
-    qsizetype m_traceStart = 0;
+    TraceFile m_trace; // marks the trace file as it was before the gallery
 };
 
 // The arguments of one emission of SIClicked, SIListFilterChanged, ...
