@@ -35,7 +35,10 @@ DataAccess& DataAccess::Instance() {
     return *instance;
 }
 
-DataAccess::DataAccess() : m_connectionName(kConnection) {}
+DataAccess::DataAccess() : m_connectionName(kConnection) {
+    DataAccessPrivate::AttachConnection(m_connectionName,
+                                        [this](QString& error) { return EnsureOpen(error); });
+}
 
 DataAccess::~DataAccess() = default;
 
