@@ -325,6 +325,9 @@ private:
     }
 
     bool Predicate(QString& sql) {
+        if (++m_conditions > JetWhere::kMaxConditions)
+            return Fail(QStringLiteral("the filter holds more than %1 conditions")
+                            .arg(JetWhere::kMaxConditions));
         const Token& first = Peek();
         if (first.type == Tok::Op && first.text != "-")
             return Fail(QStringLiteral("there is no field before '%1'").arg(first.text));
@@ -528,6 +531,9 @@ private:
             if (item.isField)
                 return Fail(QStringLiteral("the list of In holds values only"));
             items << Side(item, left);
+            if (m_params.size() > JetWhere::kMaxValues)
+                return Fail(QStringLiteral("the filter holds more than %1 values")
+                                .arg(JetWhere::kMaxValues));
         } while (Peek().type == Tok::Comma && Take().type == Tok::Comma);
         if (Take().type != Tok::RParen)
             return Fail(QStringLiteral("the list of In has no closing ')'"));
@@ -561,6 +567,7 @@ private:
     QVariantList& m_params;
     qsizetype m_index = 0;
     qsizetype m_depth = 0;
+    qsizetype m_conditions = 0;
     QString m_error;
 };
 

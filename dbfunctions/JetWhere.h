@@ -63,9 +63,10 @@ public:
 
     // Limits that keep every clause cheap and the program safe, whatever a user types or
     // pastes: a clause beyond them is refused with an error text saying which.
-    static constexpr qsizetype kMaxDepth = 100;     // nested "(" and Not
-    static constexpr qsizetype kMaxValues = 30000;  // values, each a bound parameter
-    static constexpr qsizetype kMaxDateLength = 64; // characters between # and #
+    static constexpr qsizetype kMaxDepth = 100;       // nested "(" and Not
+    static constexpr qsizetype kMaxConditions = 1000; // comparisons, Like, In, ... in all
+    static constexpr qsizetype kMaxValues = 30000;    // values, each a bound parameter
+    static constexpr qsizetype kMaxDateLength = 64;   // characters between # and #
 
     explicit JetWhere(QList<Table> tables) : m_tables(std::move(tables)) {}
 

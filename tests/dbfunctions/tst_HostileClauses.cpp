@@ -323,9 +323,10 @@ private slots:
     }
 
     void longChainOfOrFindsItsRows() {
-        // 20,000 conditions: grouped in pairs, the engine's expression stays shallow.
+        // As many conditions as a filter may hold: grouped, the engine's expression stays
+        // shallow.
         QStringList parts;
-        for (int i = 0; i < 20000; ++i)
+        for (int i = 0; i < JetWhere::kMaxConditions; ++i)
             parts << QStringLiteral("ServiceItems.ServiceItemID = %1").arg(i + 1);
         QString error;
         const QList<qint32> ids = itemsWhere(parts.join(" OR "), error);
@@ -337,6 +338,15 @@ private slots:
     void chainOfHundredThousandOrIsRefusedWithItsReason() {
         const QString clause = QStringLiteral("ServiceItemDescription = 'x' OR ").repeated(100000) +
                                "ServiceItemID = 1";
+        QString error;
+        const QList<qint32> ids = itemsWhere(clause, error);
+        QVERIFY2(error.contains("more than 1000 conditions"), qPrintable(error));
+        QVERIFY(ids.isEmpty());
+    }
+
+    void listOfMoreValuesThanTheLimitIsRefusedWithItsReason() {
+        const QString clause = "ServiceItems.ServiceItemID In (" +
+                               QStringLiteral("7, ").repeated(JetWhere::kMaxValues) + "8)";
         QString error;
         const QList<qint32> ids = itemsWhere(clause, error);
         QVERIFY2(error.contains("more than 30000 values"), qPrintable(error));
