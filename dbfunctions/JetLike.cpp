@@ -5,7 +5,7 @@
 
 namespace {
 
-char32_t Fold(char32_t c) {
+inline char32_t Fold(char32_t c) {
     if (c < 0x80)
         return (c >= 'A' && c <= 'Z') ? c + ('a' - 'A') : c;
     return QChar::toCaseFolded(c);
@@ -178,9 +178,18 @@ bool JetLikePattern::PieceAt(const Value& value, qsizetype at, const Piece& p) c
 template <typename Value>
 qsizetype JetLikePattern::FindPiece(const Value& value, qsizetype from, qsizetype to,
                                     const Piece& p) const {
-    for (qsizetype at = from; at + p.count <= to; ++at)
+    if (p.count == 0)
+        return from <= to ? from : -1;
+    // Most pieces start with a plain character: the places where it is not are passed over
+    // without a look at the rest of the piece.
+    const Element& head = m_elements[p.from];
+    const bool plainHead = head.type == Type::Char;
+    for (qsizetype at = from; at + p.count <= to; ++at) {
+        if (plainHead && Fold(value[at]) != head.ch)
+            continue;
         if (PieceAt(value, at, p))
             return at;
+    }
     return -1;
 }
 
