@@ -76,7 +76,8 @@ public:
     // than kMaxDateLength.
     // blnHasTime tells whether the text held a time of day.
     static QDateTime ParseDate(const QString& text, bool* blnHasTime = nullptr);
-    // The regular expression for a Jet Like pattern (case-insensitive, whole text).
+    // The regular expression for a Jet Like pattern (case-insensitive, whole text). jet_like
+    // itself matches with JetLikePattern (JetLike.h), which answers as this expression does.
     static QString LikePatternToRegex(const QString& pattern);
     // Registers jet_like and JETTEXT on an open SQLite connection handle (sqlite3*).
     static bool RegisterFunctions(void* sqliteHandle);
