@@ -17,6 +17,11 @@
 // The schema and its upgrades are in DataAccess_Schema.cpp.
 
 bool CreateOrUpgradeSchema(QSqlDatabase& db, const QString& path, QString& error);
+// DataAccess_OpenChecks.cpp
+bool CheckDatabaseIntact(QSqlDatabase& db, QString& error);
+QString PhraseOpenRefusal(const QString& path, const QString& error);
+QStringList CompanionFilesPresent(const QString& path);
+void RemoveCompanionFilesCreated(const QString& path, const QStringList& presentBefore);
 
 namespace {
 const QString kConnection = QStringLiteral("corvantis_dataaccess");
@@ -35,7 +40,10 @@ DataAccess& DataAccess::Instance() {
     return *instance;
 }
 
-DataAccess::DataAccess() : m_connectionName(kConnection) {}
+DataAccess::DataAccess() : m_connectionName(kConnection) {
+    DataAccessPrivate::AttachConnection(m_connectionName,
+                                        [this](QString& error) { return EnsureOpen(error); });
+}
 
 DataAccess::~DataAccess() = default;
 
@@ -98,21 +106,25 @@ void DataAccess::OpenDatabase(const QString& strPath, QString& strErrorMessage) 
         return;
     }
     QDir().mkpath(QFileInfo(path).absolutePath());
+    const QStringList companionsBefore = CompanionFilesPresent(path);
     QString error;
     {
         QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connectionName);
         db.setDatabaseName(path);
-        // The version is checked before any setting touches the file, so that a file this
-        // program must not open stays exactly as it was.
+        // The file is checked, and its version read, before any setting touches it, so that a
+        // damaged file or one this program must not open stays exactly as it was.
         if (!db.open())
             error = db.lastError().text();
-        else if (RegisterFunctions(db, error) && CreateOrUpgradeSchema(db, path, error))
+        else if (RegisterFunctions(db, error) && CheckDatabaseIntact(db, error) &&
+                 CreateOrUpgradeSchema(db, path, error))
             ConfigureConnection(db, error);
     }
     if (!error.isEmpty()) {
         CloseDatabase();
-        DataAccessPrivate::Fail(strErrorMessage, "OpenDatabase",
-                                QStringLiteral("Cannot open %1: %2").arg(path, error));
+        RemoveCompanionFilesCreated(path, companionsBefore);
+        DataAccessPrivate::Fail(
+            strErrorMessage, "OpenDatabase",
+            QStringLiteral("Cannot open %1: %2").arg(path, PhraseOpenRefusal(path, error)));
         return;
     }
     m_databasePath = path;

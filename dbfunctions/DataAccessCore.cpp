@@ -223,13 +223,36 @@ void DataAccessPrivate::Fail(QString& strErrorMessage, const char* operation,
     TraceLog::Instance().WriteErrorLine(strErrorMessage);
 }
 
+namespace {
+struct Connection {
+    QString name;
+    std::function<bool(QString&)> openConfigured;
+};
+
+Connection& TheConnection() {
+    static Connection connection;
+    return connection;
+}
+} // namespace
+
+void DataAccessPrivate::AttachConnection(const QString& connectionName,
+                                         std::function<bool(QString&)> openConfigured) {
+    TheConnection() = Connection{connectionName, std::move(openConfigured)};
+}
+
 QSqlDatabase DataAccessPrivate::Db() {
-    return DataAccess::Instance().Database();
+    const QString& name = TheConnection().name;
+    if (name.isEmpty() || !QSqlDatabase::contains(name))
+        return QSqlDatabase();
+    return QSqlDatabase::database(name, false);
 }
 
 bool DataAccessPrivate::Ready(QString& strErrorMessage, const char* operation) {
-    QString error;
-    if (DataAccess::Instance().EnsureOpen(error))
+    if (Db().isOpen())
+        return true;
+    QString error = QStringLiteral("No database is open.");
+    const Connection& connection = TheConnection();
+    if (connection.openConfigured && connection.openConfigured(error))
         return true;
     Fail(strErrorMessage, operation, error);
     return false;
@@ -325,7 +348,15 @@ bool DataAccessPrivate::SelectWhere(const QString& sqlBefore, const QList<Source
     if (!where.sql.isEmpty())
         sql += QStringLiteral(" WHERE ") + where.sql;
     sql += ' ' + sqlAfter;
-    return Select(sql, where.params, strErrorMessage, operation, rs);
+    if (Select(sql, where.params, strErrorMessage, operation, rs))
+        return true;
+    // The engine's own limits of depth, in its words, told as what they mean for the filter.
+    if (strErrorMessage.contains(QLatin1String("parser stack overflow")) ||
+        strErrorMessage.contains(QLatin1String("Expression tree is too large")))
+        Fail(strErrorMessage, operation,
+             QStringLiteral("The filter cannot be used: its conditions are nested too deeply "
+                            "(take away some of the parentheses, Not or Or)."));
+    return false;
 }
 
 void DataAccessPrivate::LoadSchemaInfo() {

@@ -9,10 +9,17 @@
 
 #include <QSqlQuery>
 
+#include <functional>
+
 class DataAccessPrivate {
 public:
     // "QVLTDBFUNCTIONS:DataAccess:<operation>: " + detail into strErrorMessage and the trace.
     static void Fail(QString& strErrorMessage, const char* operation, const QString& detail);
+    // The connection the operations run on: its name, and how to open the configured database
+    // when it is not open. DataAccess attaches both once, when it is made; the operations then
+    // reach their connection through here alone.
+    static void AttachConnection(const QString& connectionName,
+                                 std::function<bool(QString&)> openConfigured);
     // The open connection; opens the configured database first when none is open.
     static bool Ready(QString& strErrorMessage, const char* operation);
     static QSqlDatabase Db();

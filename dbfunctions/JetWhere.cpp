@@ -1,5 +1,7 @@
 #include "JetWhere.h"
 
+#include "JetLike.h"
+
 #include <QStringList>
 
 // Tokenizer and parser of the Jet condition language (see JetWhere.h). The parser produces the
@@ -7,6 +9,39 @@
 // parameter list, so no text of the clause ever reaches the SQL.
 
 namespace {
+
+// A user's text as an error message quotes it: at most kShownLength characters.
+QString Shown(const QString& text) {
+    constexpr qsizetype kShownLength = 40;
+    if (text.size() <= kShownLength)
+        return text;
+    return text.left(kShownLength) + QStringLiteral("...");
+}
+
+// The SQL of conditions joined by OR or AND. The engine reads a flat chain without growing its
+// parser's stack but counts each link as one level of its expression (at most 1,000), so a long
+// chain is cut into groups of kGroup, and the groups joined the same way: its depth then grows
+// with the logarithm of its length.
+QString JoinGrouped(const QStringList& parts, const QString& op) {
+    constexpr qsizetype kGroup = 100;
+    if (parts.size() == 1)
+        return parts.first();
+    if (parts.size() <= kGroup)
+        return QLatin1Char('(') + parts.join(op) + QLatin1Char(')');
+    QStringList groups;
+    for (qsizetype from = 0; from < parts.size(); from += kGroup)
+        groups << JoinGrouped(parts.mid(from, kGroup), op);
+    return JoinGrouped(groups, op);
+}
+
+// "(NOT x)", or x itself where it is "(NOT x)" already: the conditions all answer 1, 0 or Null,
+// for which Not Not changes nothing, and the engine's parser has room for few levels.
+QString Negate(const QString& sql) {
+    static const QString prefix = QStringLiteral("(NOT ");
+    if (sql.startsWith(prefix))
+        return sql.mid(prefix.size(), sql.size() - prefix.size() - 1);
+    return prefix + sql + QLatin1Char(')');
+}
 
 enum class Tok { End, Name, Number, Text, Date, Op, LParen, RParen, Comma, Dot };
 
@@ -79,6 +114,13 @@ private:
                     i += 2;
                     continue;
                 }
+                if (!Storable(value)) {
+                    error = QStringLiteral("a text in quotes holds a character that a filter "
+                                           "cannot use, such as a NUL character or half of a "
+                                           "surrogate pair (at position %1)")
+                                .arg(m_pos + 1);
+                    return false;
+                }
                 token = Token{Tok::Text, value, m_pos};
                 m_pos = i + 1;
                 return true;
@@ -90,10 +132,22 @@ private:
         return false;
     }
 
+    // Whether a text can be bound and compared as it stands: no NUL (which ends a text in the
+    // engine's functions) and no lone surrogate (which has no UTF-8 form).
+    static bool Storable(const QString& text) {
+        return !text.contains(QChar(0)) && QStringView(text).isValidUtf16();
+    }
+
     bool DateLiteral(Token& token, QString& error) {
         const qsizetype close = m_text.indexOf('#', m_pos + 1);
         if (close < 0) {
             error = QStringLiteral("a date in # has no closing # (at position %1)").arg(m_pos + 1);
+            return false;
+        }
+        if (close - m_pos - 1 > JetWhere::kMaxDateLength) {
+            error = QStringLiteral("a date in # is longer than %1 characters (at position %2)")
+                        .arg(JetWhere::kMaxDateLength)
+                        .arg(m_pos + 1);
             return false;
         }
         token = Token{Tok::Date, m_text.mid(m_pos + 1, close - m_pos - 1).trimmed(), m_pos};
@@ -178,7 +232,7 @@ public:
             return Failed(error);
         if (Peek().type != Tok::End) {
             m_error = QStringLiteral("unexpected '%1' (at position %2)")
-                          .arg(Describe(Peek()))
+                          .arg(Shown(Describe(Peek())))
                           .arg(Peek().at + 1);
             return Failed(error);
         }
@@ -214,51 +268,66 @@ private:
 
     bool Condition(QString& sql) { return Or(sql); }
 
-    bool Or(QString& sql) {
-        if (!And(sql))
+    // A chain of conditions joined by one word; each part is read by next. The parts are
+    // collected and joined once, so that a long chain costs time in proportion to its length.
+    template <typename Next> bool Chain(QString& sql, const char* word, Next next) {
+        QStringList parts(QString{});
+        if (!(this->*next)(parts.back()))
             return false;
-        while (TakeWord("or")) {
-            QString right;
-            if (!And(right))
+        while (TakeWord(word)) {
+            parts.append(QString());
+            if (!(this->*next)(parts.back()))
                 return false;
-            sql = QStringLiteral("(%1 OR %2)").arg(sql, right);
         }
+        const QString op = QLatin1Char(' ') + QString::fromLatin1(word).toUpper() + ' ';
+        sql = JoinGrouped(parts, op);
         return true;
     }
 
-    bool And(QString& sql) {
-        if (!Not(sql))
-            return false;
-        while (TakeWord("and")) {
-            QString right;
-            if (!Not(right))
-                return false;
-            sql = QStringLiteral("(%1 AND %2)").arg(sql, right);
-        }
-        return true;
-    }
+    bool Or(QString& sql) { return Chain(sql, "or", &Parser::And); }
+    bool And(QString& sql) { return Chain(sql, "and", &Parser::Not); }
+
+    // Counts one level of nesting (a "(" or a Not) for as long as it lives; the parser refuses
+    // a clause deeper than JetWhere::kMaxDepth, long before the thread's stack could run out.
+    class Level {
+    public:
+        explicit Level(qsizetype& depth) : m_depth(++depth) {}
+        ~Level() { --m_depth; }
+        bool TooDeep() const { return m_depth > JetWhere::kMaxDepth; }
+
+    private:
+        qsizetype& m_depth;
+    };
 
     bool Not(QString& sql) {
-        if (TakeWord("not")) {
-            QString inner;
+        const bool negated = IsWord(Peek(), "not");
+        if (!negated && Peek().type != Tok::LParen)
+            return Predicate(sql);
+        const Level level(m_depth);
+        if (level.TooDeep())
+            return Fail(QStringLiteral("the filter nests parentheses and Not more than %1 deep")
+                            .arg(JetWhere::kMaxDepth));
+        Take();
+        QString inner;
+        if (negated) {
             if (!Not(inner))
                 return false;
-            sql = QStringLiteral("(NOT %1)").arg(inner);
+            sql = Negate(inner);
             return true;
         }
-        if (Peek().type == Tok::LParen) {
-            Take();
-            if (!Condition(sql))
-                return false;
-            if (Take().type != Tok::RParen)
-                return Fail(QStringLiteral("a '(' has no matching ')'"));
-            sql = QStringLiteral("(%1)").arg(sql);
-            return true;
-        }
-        return Predicate(sql);
+        // Every condition's SQL stands in its own parentheses already, so a "(" of the clause
+        // adds none: the engine's parser sees no depth for it.
+        if (!Condition(sql))
+            return false;
+        if (Take().type != Tok::RParen)
+            return Fail(QStringLiteral("a '(' has no matching ')'"));
+        return true;
     }
 
     bool Predicate(QString& sql) {
+        if (++m_conditions > JetWhere::kMaxConditions)
+            return Fail(QStringLiteral("the filter holds more than %1 conditions")
+                            .arg(JetWhere::kMaxConditions));
         const Token& first = Peek();
         if (first.type == Tok::Op && first.text != "-")
             return Fail(QStringLiteral("there is no field before '%1'").arg(first.text));
@@ -287,8 +356,8 @@ private:
             sql = QStringLiteral("(%1 <> 0)").arg(left.column.sql);
             return true;
         }
-        return Fail(
-            QStringLiteral("a comparison is missing after '%1'").arg(m_tokens[m_index - 1].text));
+        return Fail(QStringLiteral("a comparison is missing after '%1'")
+                        .arg(Shown(m_tokens[m_index - 1].text)));
     }
 
     bool ReadOperand(Operand& operand) {
@@ -299,7 +368,7 @@ private:
         case Tok::Op:
             if (t.text == "-" && Peek().type == Tok::Number)
                 return NumberOperand(Take().text, true, operand);
-            return Fail(QStringLiteral("unexpected '%1'").arg(t.text));
+            return Fail(QStringLiteral("unexpected '%1'").arg(Shown(t.text)));
         case Tok::Text:
             operand.lit = Operand::Lit::Text;
             operand.value = t.text;
@@ -309,8 +378,8 @@ private:
         case Tok::Name:
             return NameOperand(t, operand);
         default:
-            return Fail(
-                QStringLiteral("a field or a value is missing before '%1'").arg(Describe(t)));
+            return Fail(QStringLiteral("a field or a value is missing before '%1'")
+                            .arg(Shown(Describe(t))));
         }
     }
 
@@ -318,7 +387,7 @@ private:
         bool ok = false;
         const double value = text.toDouble(&ok);
         if (!ok)
-            return Fail(QStringLiteral("'%1' is not a number").arg(text));
+            return Fail(QStringLiteral("'%1' is not a number").arg(Shown(text)));
         operand.lit = Operand::Lit::Number;
         if (!text.contains('.') && qAbs(value) < 9.0e15)
             operand.value = static_cast<qint64>(negative ? -value : value);
@@ -331,7 +400,7 @@ private:
         bool hasTime = false;
         const QDateTime when = JetWhere::ParseDate(text, &hasTime);
         if (!when.isValid())
-            return Fail(QStringLiteral("'#%1#' is not a date").arg(text));
+            return Fail(QStringLiteral("'#%1#' is not a date").arg(Shown(text)));
         operand.lit = Operand::Lit::Date;
         operand.dateHasTime = hasTime;
         operand.value = hasTime ? when.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"))
@@ -352,22 +421,22 @@ private:
         }
         if (ForbiddenWords().contains(word))
             return Fail(QStringLiteral("'%1' is not allowed in a filter (only a condition is)")
-                            .arg(t.text));
+                            .arg(Shown(t.text)));
         static const QStringList keywords = {"and", "or", "not", "like", "is", "in", "between"};
         if (keywords.contains(word))
-            return Fail(QStringLiteral("a field is missing before '%1'").arg(t.text));
+            return Fail(QStringLiteral("a field is missing before '%1'").arg(Shown(t.text)));
         QString table, column = t.text;
         if (Peek().type == Tok::Dot) {
             Take();
             const Token name = Take();
             if (name.type != Tok::Name)
-                return Fail(QStringLiteral("a field name should follow '%1.'").arg(t.text));
+                return Fail(QStringLiteral("a field name should follow '%1.'").arg(Shown(t.text)));
             table = t.text;
             column = name.text;
         }
         if (Peek().type == Tok::LParen)
-            return Fail(
-                QStringLiteral("functions such as '%1(' are not allowed in a filter").arg(column));
+            return Fail(QStringLiteral("functions such as '%1(' are not allowed in a filter")
+                            .arg(Shown(column)));
         operand.isField = true;
         return m_where.Resolve(table, column, operand.column, m_error);
     }
@@ -387,7 +456,7 @@ private:
             return Fail(QStringLiteral("'-' is not an operator"));
         Operand right;
         if (Peek().type == Tok::Op && Peek().text != "-")
-            return Fail(QStringLiteral("'%1' cannot follow '%2'").arg(Peek().text, op));
+            return Fail(QStringLiteral("'%1' cannot follow '%2'").arg(Shown(Peek().text), op));
         if (!ReadOperand(right))
             return false;
         if (!left.isField && !right.isField)
@@ -429,6 +498,10 @@ private:
             return Fail(QStringLiteral("Like needs a field on its left"));
         if (pattern.lit != Operand::Lit::Text)
             return Fail(QStringLiteral("Like needs a text in quotes on its right"));
+        QString reason;
+        if (!JetLikePattern().Compile(pattern.value.toString(), &reason))
+            return Fail(QStringLiteral("the Like pattern '%1' cannot be used: %2")
+                            .arg(Shown(pattern.value.toString()), reason));
         sql = QStringLiteral("(%1jet_like(%2, %3))")
                   .arg(negated ? QStringLiteral("NOT ") : QString(), Sql(left), Sql(pattern));
         return true;
@@ -458,6 +531,9 @@ private:
             if (item.isField)
                 return Fail(QStringLiteral("the list of In holds values only"));
             items << Side(item, left);
+            if (m_params.size() > JetWhere::kMaxValues)
+                return Fail(QStringLiteral("the filter holds more than %1 values")
+                                .arg(JetWhere::kMaxValues));
         } while (Peek().type == Tok::Comma && Take().type == Tok::Comma);
         if (Take().type != Tok::RParen)
             return Fail(QStringLiteral("the list of In has no closing ')'"));
@@ -490,6 +566,8 @@ private:
     const QList<Token>& m_tokens;
     QVariantList& m_params;
     qsizetype m_index = 0;
+    qsizetype m_depth = 0;
+    qsizetype m_conditions = 0;
     QString m_error;
 };
 
@@ -504,7 +582,9 @@ JetWhere::Result JetWhere::Translate(const QString& clause) const {
     if (!tokenizer.Run(tokens, result.error))
         return result;
     Parser parser(*this, tokens, result.params);
-    if (!parser.Parse(result.sql, result.error)) {
+    if (parser.Parse(result.sql, result.error) && result.params.size() > kMaxValues)
+        result.error = QStringLiteral("the filter holds more than %1 values").arg(kMaxValues);
+    if (!result.ok()) {
         result.sql.clear();
         result.params.clear();
     }
@@ -525,6 +605,6 @@ bool JetWhere::Resolve(const QString& table, const QString& column, ColumnRef& r
         }
     }
     const QString shown = table.isEmpty() ? column : table + '.' + column;
-    error = QStringLiteral("unknown field '%1'").arg(shown);
+    error = QStringLiteral("unknown field '%1'").arg(Shown(shown));
     return false;
 }

@@ -35,6 +35,13 @@
 // fall in 1930..2029. A date literal without a time compares with the day of a stored date
 // (so "DateCreated = #21-Nov-26#" finds every row of that day); one with a time compares exactly.
 //
+// Hostile text: a text in quotes must not hold a NUL character or half of a surrogate pair (it
+// could not be bound as it is written); a Like pattern with a range that runs backwards is
+// refused; every error text quotes at most the first 40 characters of what the user wrote.
+// Translation takes time in proportion to the clause's length; long chains of OR and AND are
+// grouped, parentheses of the clause add none, and Not Not cancels out, so that the engine's
+// parser and expression stay shallow.
+//
 // The generated SQL calls the SQL function jet_like(value, pattern) and the collation JETTEXT,
 // which DataAccess registers on its connection (JetWhere::RegisterFunctions).
 class JetWhere {
@@ -54,14 +61,23 @@ public:
         bool ok() const { return error.isEmpty(); }
     };
 
+    // Limits that keep every clause cheap and the program safe, whatever a user types or
+    // pastes: a clause beyond them is refused with an error text saying which.
+    static constexpr qsizetype kMaxDepth = 100;       // nested "(" and Not
+    static constexpr qsizetype kMaxConditions = 1000; // comparisons, Like, In, ... in all
+    static constexpr qsizetype kMaxValues = 30000;    // values, each a bound parameter
+    static constexpr qsizetype kMaxDateLength = 64;   // characters between # and #
+
     explicit JetWhere(QList<Table> tables) : m_tables(std::move(tables)) {}
 
     Result Translate(const QString& clause) const;
 
-    // Reads a date literal's text (without the #); an invalid date when unreadable.
+    // Reads a date literal's text (without the #); an invalid date when unreadable or longer
+    // than kMaxDateLength.
     // blnHasTime tells whether the text held a time of day.
     static QDateTime ParseDate(const QString& text, bool* blnHasTime = nullptr);
-    // The regular expression for a Jet Like pattern (case-insensitive, whole text).
+    // The regular expression for a Jet Like pattern (case-insensitive, whole text). jet_like
+    // itself matches with JetLikePattern (JetLike.h), which answers as this expression does.
     static QString LikePatternToRegex(const QString& pattern);
     // Registers jet_like and JETTEXT on an open SQLite connection handle (sqlite3*).
     static bool RegisterFunctions(void* sqliteHandle);

@@ -1,12 +1,14 @@
 #include "JetWhere.h"
 
-#include <QCache>
+#include "JetLike.h"
+
 #include <QDateTime>
 #include <QLocale>
-#include <QMutex>
 #include <QRegularExpression>
 
 #include <sqlite3.h>
+
+#include <memory>
 
 // The parts of the Jet language that need more than SQLite offers: date literals in the forms
 // the controls write, Like patterns with Jet's wildcards, and text that compares without regard
@@ -56,27 +58,40 @@ QTime ParseTime(const QString& text) {
     return QTime();
 }
 
+void DeletePattern(void* pattern) {
+    delete static_cast<JetLikePattern*>(pattern);
+}
+
+// jet_like(value, pattern): 1 when the value matches, 0 when not, Null when either is Null. The
+// pattern is read once per statement and kept with it (SQLite's auxiliary data of a constant
+// argument, which a bound value is); the value is matched on its UTF-8 bytes as they lie.
 void JetLike(sqlite3_context* context, int argc, sqlite3_value** argv) {
     if (argc != 2 || sqlite3_value_type(argv[0]) == SQLITE_NULL ||
         sqlite3_value_type(argv[1]) == SQLITE_NULL) {
         sqlite3_result_null(context);
         return;
     }
-    const auto* valueText = reinterpret_cast<const char*>(sqlite3_value_text(argv[0]));
-    const auto* patternText = reinterpret_cast<const char*>(sqlite3_value_text(argv[1]));
-    const QString pattern = QString::fromUtf8(patternText);
-    static QMutex mutex;
-    static QCache<QString, QRegularExpression> cache(200);
-    QMutexLocker lock(&mutex);
-    QRegularExpression* expression = cache.object(pattern);
-    if (!expression) {
-        expression = new QRegularExpression(JetWhere::LikePatternToRegex(pattern),
-                                            QRegularExpression::CaseInsensitiveOption |
-                                                QRegularExpression::DotMatchesEverythingOption);
-        cache.insert(pattern, expression);
+    auto* pattern = static_cast<JetLikePattern*>(sqlite3_get_auxdata(context, 1));
+    JetLikePattern unkept; // used when SQLite cannot keep the pattern with the statement
+    if (!pattern) {
+        const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(argv[1]));
+        const QString patternText = QString::fromUtf8(text, sqlite3_value_bytes(argv[1]));
+        auto compiled = std::make_unique<JetLikePattern>();
+        QString error;
+        if (!compiled->Compile(patternText, &error)) {
+            const QByteArray message = ("The Like pattern cannot be used: " + error).toUtf8();
+            sqlite3_result_error(context, message.constData(), int(message.size()));
+            return;
+        }
+        unkept = *compiled;
+        sqlite3_set_auxdata(context, 1, compiled.release(), DeletePattern);
+        pattern = static_cast<JetLikePattern*>(sqlite3_get_auxdata(context, 1));
+        if (!pattern)
+            pattern = &unkept;
     }
-    const bool matches = expression->match(QString::fromUtf8(valueText)).hasMatch();
-    sqlite3_result_int(context, matches ? 1 : 0);
+    const auto* value = reinterpret_cast<const char*>(sqlite3_value_text(argv[0]));
+    const int length = sqlite3_value_bytes(argv[0]);
+    sqlite3_result_int(context, pattern->MatchesUtf8(value, length) ? 1 : 0);
 }
 
 int JetTextCompare(void*, int lengthA, const void* a, int lengthB, const void* b) {
@@ -88,9 +103,11 @@ int JetTextCompare(void*, int lengthA, const void* a, int lengthB, const void* b
 } // namespace
 
 QDateTime JetWhere::ParseDate(const QString& text, bool* blnHasTime) {
-    const QString trimmed = text.simplified();
     if (blnHasTime)
         *blnHasTime = false;
+    if (text.size() > kMaxDateLength)
+        return QDateTime();
+    const QString trimmed = text.simplified();
     QDate day = ParseDay(trimmed);
     if (day.isValid())
         return QDateTime(day, QTime(0, 0));
@@ -112,16 +129,22 @@ QDateTime JetWhere::ParseDate(const QString& text, bool* blnHasTime) {
 // is how Jet writes a literal wildcard. Everything else stands for itself.
 QString JetWhere::LikePatternToRegex(const QString& pattern) {
     QString regex = QStringLiteral("\\A");
+    qsizetype nextClose = -1; // the next "]" after the current place, found once for each
     for (qsizetype i = 0; i < pattern.size(); ++i) {
         const QChar c = pattern[i];
+        if (c == '[' && nextClose <= i) {
+            nextClose = pattern.indexOf(']', i + 1);
+            if (nextClose < 0)
+                nextClose = pattern.size();
+        }
         if (c == '*') {
             regex += QStringLiteral(".*");
         } else if (c == '?') {
             regex += '.';
         } else if (c == '#') {
             regex += QStringLiteral("\\d");
-        } else if (c == '[' && pattern.indexOf(']', i + 1) > i + 1) {
-            const qsizetype close = pattern.indexOf(']', i + 1);
+        } else if (c == '[' && nextClose < pattern.size() && nextClose > i + 1) {
+            const qsizetype close = nextClose;
             QString inside = pattern.mid(i + 1, close - i - 1);
             QString cls = QStringLiteral("[");
             if (inside.startsWith('!')) {
@@ -133,6 +156,10 @@ QString JetWhere::LikePatternToRegex(const QString& pattern) {
                     (member == '-') ? QString(member) : QRegularExpression::escape(QString(member));
             regex += cls + ']';
             i = close;
+        } else if (c.isHighSurrogate() && i + 1 < pattern.size() &&
+                   pattern[i + 1].isLowSurrogate()) {
+            regex += QRegularExpression::escape(pattern.mid(i, 2)); // one character, two units
+            ++i;
         } else {
             regex += QRegularExpression::escape(QString(c));
         }

@@ -1,40 +1,120 @@
 #include "Settings.h"
 
+#include "TraceLog.h"
+
 #include <QDir>
 #include <QFile>
 #include <QSaveFile>
 #include <QStandardPaths>
+#include <QStringDecoder>
 #include <QStringList>
 
 namespace {
 
-// The file as lines, kept verbatim so that a write changes only the line it must.
-QStringList ReadLines() {
-    QFile file(Settings::IniPath());
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
-        return {};
-    QString text = QString::fromUtf8(file.readAll());
-    if (text.startsWith(QChar(0xFEFF)))
-        text.remove(0, 1);
-    QStringList lines = text.split(QLatin1Char('\n'));
-    for (QString& line : lines)
-        if (line.endsWith(QLatin1Char('\r')))
-            line.chop(1);
-    if (!lines.isEmpty() && lines.last().isEmpty())
-        lines.removeLast();
-    return lines;
+// The file as it lies on disc: each line's bytes and its ending kept apart, so that a write
+// puts back byte for byte every line it does not change (another encoding than UTF-8, CRLF
+// endings, a byte-order mark, a last line without an ending). The texts are the lines as read
+// for finding sections and keys: UTF-8, or Latin-1 for a line that is not valid UTF-8.
+struct IniFile {
+    QByteArray bom;
+    QList<QByteArray> bytes;   // each line without its ending
+    QList<QByteArray> endings; // "\n", "\r\n", or empty for a last line without one
+    QStringList lines;
+
+    QByteArray NewEnding() const {
+        for (const QByteArray& ending : endings)
+            if (!ending.isEmpty())
+                return ending;
+        return QByteArrayLiteral("\n");
+    }
+    void Set(qsizetype i, const QString& text) {
+        lines[i] = text;
+        bytes[i] = text.toUtf8();
+    }
+    void Insert(qsizetype i, const QString& text) {
+        if (i > 0 && endings[i - 1].isEmpty())
+            endings[i - 1] = NewEnding();
+        lines.insert(i, text);
+        bytes.insert(i, text.toUtf8());
+        endings.insert(i, NewEnding());
+    }
+    void RemoveAt(qsizetype i) {
+        lines.removeAt(i);
+        bytes.removeAt(i);
+        endings.removeAt(i);
+    }
+};
+
+QString DecodeLine(const QByteArray& line) {
+    QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    const QString text = utf8.decode(line);
+    return utf8.hasError() ? QString::fromLatin1(line) : text;
 }
 
-bool WriteLines(const QStringList& lines) {
+void SplitLines(const QByteArray& content, IniFile& ini) {
+    qsizetype from = 0;
+    if (content.startsWith("\xEF\xBB\xBF")) {
+        ini.bom = content.left(3);
+        from = 3;
+    }
+    while (from < content.size()) {
+        qsizetype end = content.indexOf('\n', from);
+        const bool ended = end >= 0;
+        if (!ended)
+            end = content.size();
+        const bool crlf = end > from && content[end - 1] == '\r';
+        const QByteArray line = content.mid(from, end - from - (crlf ? 1 : 0));
+        ini.bytes << line;
+        ini.endings << (!ended ? QByteArray() : crlf ? QByteArrayLiteral("\r\n") : "\n");
+        ini.lines << DecodeLine(line);
+        from = end + 1;
+    }
+}
+
+// Reads the file. A missing file is an empty one; a file that exists but cannot be read gives
+// false and the reason, so that no write replaces what could not be read.
+bool ReadIni(IniFile& ini, QString* error = nullptr) {
+    QFile file(Settings::IniPath());
+    if (!file.exists())
+        return true;
+    if (!file.open(QIODevice::ReadOnly)) {
+        if (error)
+            *error = file.errorString();
+        return false;
+    }
+    const QByteArray content = file.readAll();
+    if (file.error() != QFileDevice::NoError) {
+        if (error)
+            *error = file.errorString();
+        return false;
+    }
+    SplitLines(content, ini);
+    return true;
+}
+
+bool WriteIni(const IniFile& ini) {
     QDir().mkpath(Settings::IniFolder());
     QSaveFile file(Settings::IniPath());
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
+    if (!file.open(QIODevice::WriteOnly))
         return false;
-    for (const QString& line : lines) {
-        file.write(line.toUtf8());
-        file.write("\n");
+    file.write(ini.bom);
+    for (qsizetype i = 0; i < ini.bytes.size(); ++i) {
+        file.write(ini.bytes[i]);
+        file.write(ini.endings[i]);
     }
     return file.commit();
+}
+
+// Reads the file for a write; false (and an error line in the trace) when it cannot be read.
+bool ReadForWrite(IniFile& ini, const char* operation) {
+    QString error;
+    if (ReadIni(ini, &error))
+        return true;
+    TraceLog::Instance().WriteErrorLine(
+        QStringLiteral("QVLTDBFUNCTIONS:Settings:%1: %2 cannot be read (%3); nothing was written, "
+                       "so that none of its settings is lost.")
+            .arg(QLatin1String(operation), Settings::IniPath(), error));
+    return false;
 }
 
 // "[Name]" gives Name; anything else a null string.
@@ -95,7 +175,9 @@ Location Find(const QStringList& lines, const QString& section, const QString& k
 
 QString Settings::GetPrivateProfileString(const QString& section, const QString& key,
                                           const QString& defaultValue) {
-    const QStringList lines = ReadLines();
+    IniFile ini;
+    ReadIni(ini);
+    const QStringList& lines = ini.lines;
     const Location where = Find(lines, section, key);
     if (where.keyLine < 0)
         return defaultValue;
@@ -113,31 +195,35 @@ qint32 Settings::GetPrivateProfileInt(const QString& section, const QString& key
 
 bool Settings::WritePrivateProfileString(const QString& section, const QString& key,
                                          const QString& value) {
-    QStringList lines = ReadLines();
-    const Location where = Find(lines, section, key);
+    IniFile ini;
+    if (!ReadForWrite(ini, "WritePrivateProfileString"))
+        return false;
+    const Location where = Find(ini.lines, section, key);
     const QString entry = key + QLatin1Char('=') + value;
     if (where.keyLine >= 0) {
         QString oldKey, oldValue;
-        SplitEntry(lines[where.keyLine], oldKey, oldValue);
-        lines[where.keyLine] = oldKey + QLatin1Char('=') + value;
+        SplitEntry(ini.lines[where.keyLine], oldKey, oldValue);
+        ini.Set(where.keyLine, oldKey + QLatin1Char('=') + value);
     } else if (where.sectionLine >= 0) {
-        lines.insert(where.sectionEnd, entry);
+        ini.Insert(where.sectionEnd, entry);
     } else {
-        if (!lines.isEmpty() && !lines.last().trimmed().isEmpty())
-            lines.append(QString());
-        lines.append(QLatin1Char('[') + section + QLatin1Char(']'));
-        lines.append(entry);
+        if (!ini.lines.isEmpty() && !ini.lines.last().trimmed().isEmpty())
+            ini.Insert(ini.lines.size(), QString());
+        ini.Insert(ini.lines.size(), QLatin1Char('[') + section + QLatin1Char(']'));
+        ini.Insert(ini.lines.size(), entry);
     }
-    return WriteLines(lines);
+    return WriteIni(ini);
 }
 
 bool Settings::DeletePrivateProfileKey(const QString& section, const QString& key) {
-    QStringList lines = ReadLines();
-    const Location where = Find(lines, section, key);
+    IniFile ini;
+    if (!ReadForWrite(ini, "DeletePrivateProfileKey"))
+        return false;
+    const Location where = Find(ini.lines, section, key);
     if (where.keyLine < 0)
         return true;
-    lines.removeAt(where.keyLine);
-    return WriteLines(lines);
+    ini.RemoveAt(where.keyLine);
+    return WriteIni(ini);
 }
 
 QString Settings::IniFolder() {
