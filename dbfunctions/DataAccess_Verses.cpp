@@ -1,6 +1,7 @@
 #include "DataAccess.h"
 
 #include "DataAccessCore.h"
+#include "SongBreakdown.h"
 
 // Verses and choruses of a song and the order in which they are sung.
 
@@ -48,10 +49,9 @@ void DataAccess::GetVerseFirstLine(qint32 lngVerseID, QString& strErrorMessage,
     }
 }
 
-void DataAccess::RunSongBreakdownWizard(qint32, QString& strErrorMessage, qint16& intResult) {
-    intResult = 0;
-    P::NotAvailable(strErrorMessage, "RunSongBreakdownWizard",
-                    QStringLiteral("The song breakdown wizard"));
+void DataAccess::RunSongBreakdownWizard(qint32 lngServiceItemID, QString& strErrorMessage,
+                                        qint16& intResult) {
+    SongBreakdown::Run(lngServiceItemID, strErrorMessage, intResult);
 }
 
 void DataAccess::AddVerse(qint32 lngServiceItemID, const QString& strVerseName,

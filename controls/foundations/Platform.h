@@ -13,6 +13,10 @@
 
 class MediaSound;
 class QWidget;
+struct ShortListChoice;
+namespace SongBreakdown {
+struct Breakdown;
+}
 
 // Flags of the monitor look-ups: what to answer for an area that lies on no
 // monitor.
@@ -121,6 +125,17 @@ public:
     // Multimedia on the Qt platform. Each player asks once, when it first loads
     // a file.
     virtual std::unique_ptr<MediaSound> CreateMediaSound();
+
+    // Lets the user choose one of the saved short-lists (ShortListPicker.h);
+    // returns its ShortListID, 0 for Cancel. The Qt platform shows
+    // ShortListPickerDialog.
+    virtual qint32 SelectShortList(const QList<ShortListChoice>& choices);
+
+    // The song breakdown wizard (SongBreakdownWizard.h) over the breakdown
+    // proposed for a song; true when the user finished, the breakdown then
+    // holding what the user made of it; false for Cancel.
+    virtual bool RunSongBreakdownWizard(const QString& strTitle,
+                                        SongBreakdown::Breakdown& breakdown);
 
     Platform() = default;
     Platform(const Platform&) = delete;

@@ -825,7 +825,6 @@ private slots:
         const int before = db.Count("Templates") + db.Count("ServiceItems");
         QString error;
         qint32 id = -1;
-        qint16 result = -1;
         bool flag = true;
         const auto check = [&](const char* name) {
             QVERIFY2(error.contains("not available yet"), name);
@@ -834,9 +833,6 @@ private slots:
         da().PickServiceItem(17, error, id);
         QCOMPARE(id, 0);
         check("PickServiceItem");
-        da().RunSongBreakdownWizard(2, error, result);
-        QCOMPARE(result, qint16(0));
-        check("RunSongBreakdownWizard");
         da().ImportFile("", error);
         check("ImportFile");
         da().ExportServices("1", "d", error);

@@ -17,6 +17,12 @@ ScriptedPlatform::~ScriptedPlatform() {
         fail(QStringLiteral("%1 queued message box answer(s) never used: the box that was "
                             "expected did not come")
                  .arg(m_answers.size()));
+    if (!m_shortListChoices.isEmpty() && !alreadyFailed)
+        fail(QStringLiteral("%1 queued short-list choice(s) never used")
+                 .arg(m_shortListChoices.size()));
+    if (!m_songBreakdowns.isEmpty() && !alreadyFailed)
+        fail(QStringLiteral("%1 queued song breakdown answer(s) never used")
+                 .arg(m_songBreakdowns.size()));
     if (Platform::Installed() == this)
         Platform::Install(m_previous);
 }
@@ -341,4 +347,29 @@ void ScriptedPlatform::ClearRecords() {
     m_monitorLookups.clear();
     m_monitorInfoCalls.clear();
     m_soundCalls->clear();
+    m_shortListOffers.clear();
+    m_songBreakdownOffers.clear();
+}
+
+// ---- Short-list picker --------------------------------------------------------
+
+qint32 ScriptedPlatform::SelectShortList(const QList<ShortListChoice>& choices) {
+    m_shortListOffers.append(choices);
+    if (m_shortListChoices.isEmpty()) {
+        fail(QStringLiteral("unexpected short-list picker (no choice queued)"));
+        return 0;
+    }
+    return m_shortListChoices.takeFirst();
+}
+
+// ---- Song breakdown wizard ------------------------------------------------------
+
+bool ScriptedPlatform::RunSongBreakdownWizard(const QString& strTitle,
+                                              SongBreakdown::Breakdown& breakdown) {
+    m_songBreakdownOffers.append({strTitle, breakdown});
+    if (m_songBreakdowns.isEmpty()) {
+        fail(QStringLiteral("unexpected song breakdown wizard (no answer queued)"));
+        return false;
+    }
+    return m_songBreakdowns.takeFirst()(breakdown);
 }

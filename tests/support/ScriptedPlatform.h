@@ -1,7 +1,9 @@
 #pragma once
 
+#include "SongBreakdown.h"
 #include "foundations/MediaSound.h"
 #include "foundations/Platform.h"
+#include "foundations/ShortListPicker.h"
 
 #include <QFont>
 #include <QHash>
@@ -142,6 +144,27 @@ public:
     // emit platform.LastSound()->Finished().
     MediaSound* LastSound() const;
 
+    // ---- Short-list picker ------------------------------------------------------
+    // The id the next short-list picker answers (0 is Cancel). A picker with
+    // nothing queued fails the test and answers 0.
+    void QueueShortListChoice(qint32 lngShortListID) { m_shortListChoices.append(lngShortListID); }
+    // The short-lists each picker offered, in order.
+    const QList<QList<ShortListChoice>>& ShortListOffers() const { return m_shortListOffers; }
+
+    // ---- Song breakdown wizard ------------------------------------------------
+    // What the next wizard does with the breakdown proposed: changes it (or
+    // not) and answers true for Finish, false for Cancel. A wizard with nothing
+    // queued fails the test and is cancelled.
+    using SongBreakdownAnswer = std::function<bool(SongBreakdown::Breakdown&)>;
+    void QueueSongBreakdown(SongBreakdownAnswer answer) {
+        m_songBreakdowns.append(std::move(answer));
+    }
+    struct SongBreakdownOffer {
+        QString Title;
+        SongBreakdown::Breakdown Proposal;
+    };
+    const QList<SongBreakdownOffer>& SongBreakdownOffers() const { return m_songBreakdownOffers; }
+
     // Forgets the records (not the queues).
     void ClearRecords();
 
@@ -171,6 +194,9 @@ public:
     qint32 TwipsPerPixelX() override;
     qint32 TwipsPerPixelY() override;
     std::unique_ptr<MediaSound> CreateMediaSound() override;
+    qint32 SelectShortList(const QList<ShortListChoice>& choices) override;
+    bool RunSongBreakdownWizard(const QString& strTitle,
+                                SongBreakdown::Breakdown& breakdown) override;
 
 private:
     void fail(const QString& strWhy);
@@ -206,5 +232,9 @@ private:
     // Shared with the sounds made, which may outlive this platform.
     std::shared_ptr<QStringList> m_soundCalls = std::make_shared<QStringList>();
     QPointer<MediaSound> m_lastSound;
+    QList<qint32> m_shortListChoices;
+    QList<QList<ShortListChoice>> m_shortListOffers;
+    QList<SongBreakdownAnswer> m_songBreakdowns;
+    QList<SongBreakdownOffer> m_songBreakdownOffers;
     Platform* m_previous = nullptr;
 };
