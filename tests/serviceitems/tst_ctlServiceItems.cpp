@@ -58,6 +58,8 @@ private slots:
     void exportOfOneItemShowsTheRefusal();
     void rightButtonOpensTheMenu();
     void canUnloadAnswersTrue();
+    void clearOnlyWritesItsTraceLine();
+    void theFilterAndTheListTakeTheFullWidthAndTheListTheHeightBelow();
 };
 
 void tst_ctlServiceItems::descriptionAnswersTheControlWordNotTheCaption() {
@@ -453,6 +455,32 @@ void tst_ctlServiceItems::canUnloadAnswersTrue() {
     TestDatabase db;
     ctlServiceItems list;
     QVERIFY(list.CanUnload());
+}
+
+void tst_ctlServiceItems::clearOnlyWritesItsTraceLine() {
+    TestDatabase db;
+    const qint32 a = db.AddServiceItem(TestDatabase::Prayer, "Abide with Me");
+    ctlServiceItems list;
+    list.setItems(QString::number(a));
+    list.ShowProperties();
+    TraceFile trace;
+    list.Clear();
+    QVERIFY(trace.HasLineStartingWith("QVLTCONTROLS:ctlServiceItems:Clear @ "));
+    QCOMPARE(list.lvwServiceItems->topLevelItemCount(), 1);
+}
+
+void tst_ctlServiceItems::theFilterAndTheListTakeTheFullWidthAndTheListTheHeightBelow() {
+    TestDatabase db;
+    ctlServiceItems list;
+    list.resize(500, 300);
+    list.show();
+    QTRY_COMPARE(list.lvwServiceItems->width(), 500);
+    QCOMPARE(list.TTLvwBannerFilter1->width(), 500);
+    QCOMPARE(list.lvwServiceItems->geometry().bottom(), 299);
+    QVERIFY(list.lvwServiceItems->y() > list.TTLvwBannerFilter1->y());
+    list.resize(640, 480);
+    QTRY_COMPARE(list.lvwServiceItems->width(), 640);
+    QCOMPARE(list.lvwServiceItems->geometry().bottom(), 479);
 }
 
 QTEST_MAIN(tst_ctlServiceItems)
