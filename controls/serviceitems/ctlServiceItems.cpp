@@ -5,6 +5,7 @@
 
 #include "DataAccess.h"
 #include "Recordset.h"
+#include "foundations/ControlFrame.h"
 #include "foundations/MemberEntry.h"
 #include "foundations/StandardIcons.h"
 #include "foundations/VBConstants.h"
@@ -43,7 +44,7 @@ FlatListEntry EntryOf(const Recordset& rs) {
 FlatListKind Kind() {
     FlatListKind kind;
     kind.strClass = kClass;
-    kind.strDescription = QStringLiteral("ServiceitemsControl");
+    kind.strDescription = ControlDescriptions::ctlServiceItems;
     kind.strListName = QStringLiteral("lvwServiceItems");
     kind.columns = {QStringLiteral("Type"), QStringLiteral("Description"), QStringLiteral("Source"),
                     QStringLiteral("Provider"), QStringLiteral("Date Added")};

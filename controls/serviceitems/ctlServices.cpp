@@ -5,6 +5,7 @@
 
 #include "DataAccess.h"
 #include "Recordset.h"
+#include "foundations/ControlFrame.h"
 #include "foundations/MemberEntry.h"
 #include "foundations/StandardIcons.h"
 #include "foundations/VBImageList.h"
@@ -28,7 +29,7 @@ FlatListEntry EntryOf(const Recordset& rs) {
 FlatListKind Kind() {
     FlatListKind kind;
     kind.strClass = kClass;
-    kind.strDescription = QStringLiteral("ServicesControl");
+    kind.strDescription = ControlDescriptions::ctlServices;
     kind.strListName = QStringLiteral("lvwServices");
     kind.columns = {QStringLiteral("Name"),         QStringLiteral("Type"),
                     QStringLiteral("Theme"),        QStringLiteral("Created By"),

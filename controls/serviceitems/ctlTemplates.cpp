@@ -5,6 +5,7 @@
 
 #include "DataAccess.h"
 #include "Recordset.h"
+#include "foundations/ControlFrame.h"
 #include "foundations/MemberEntry.h"
 #include "foundations/StandardIcons.h"
 #include "foundations/VBImageList.h"
@@ -36,7 +37,7 @@ FlatListEntry EntryOf(const Recordset& rs) {
 FlatListKind Kind() {
     FlatListKind kind;
     kind.strClass = kClass;
-    kind.strDescription = QStringLiteral("TemplatesControl");
+    kind.strDescription = ControlDescriptions::ctlTemplates;
     kind.strListName = QStringLiteral("lvwTemplates");
     kind.columns = {QStringLiteral("Type"),       QStringLiteral("Description"),
                     QStringLiteral("Occasion"),   QStringLiteral("Source"),
