@@ -2,6 +2,7 @@
 // the data library writes for each export it receives, and the gallery's
 // view widgets before it has finished its initialisation.
 
+#include "TraceFile.h"
 #include "tst_ctlServiceItemGallery_Fixture.h"
 
 #include "foundations/VBConstants.h"
@@ -22,14 +23,14 @@ class tst_ctlServiceItemGallery_Selections : public QObject {
     // Presses btnExport and answers the box that says the export is not there
     // yet. True when exactly one export was received; it lands in *pExport.
     static bool PressExport(GalleryFixture& f, Export* pExport) {
-        const qsizetype start = GalleryFixture::AllTrace().size();
+        const TraceFile trace;
         f.platform.QueueAnswer(vbOK);
         f.Press(QStringLiteral("btnExport"));
         static const QRegularExpression line(
             QStringLiteral("^QVLTDBFUNCTIONS:DataAccess:ExportServiceItems: varIDs = (.*), "
                            "strDescription = (.*), $"),
             QRegularExpression::MultilineOption);
-        const QString written = GalleryFixture::AllTrace().mid(start);
+        const QString written = trace.NewLines().join(QLatin1Char('\n'));
         QRegularExpressionMatchIterator it = line.globalMatch(written);
         if (!it.hasNext())
             return false;
@@ -202,7 +203,7 @@ void tst_ctlServiceItemGallery_Selections::viewAndGroupingChangesBeforeLoadedDoN
     platform.QueueAnswer(vbOK);
     Settings::WritePrivateProfileString(QStringLiteral("Options"), QStringLiteral("MaxSIsToShow"),
                                         QStringLiteral("99999999999"));
-    const qsizetype traceStart = GalleryFixture::AllTrace().size();
+    const TraceFile trace;
     ctlServiceItemGallery gallery;
     Settings::DeletePrivateProfileKey(QStringLiteral("Options"), QStringLiteral("MaxSIsToShow"));
     QCOMPARE(platform.BoxCount(), 1);
@@ -217,7 +218,7 @@ void tst_ctlServiceItemGallery_Selections::viewAndGroupingChangesBeforeLoadedDoN
     gallery.Timer1->start();
     QVERIFY(fired.wait(5000));
 
-    const QString written = GalleryFixture::AllTrace().mid(traceStart);
+    const QString written = trace.NewLines().join(QLatin1Char('\n'));
     QVERIFY2(written.contains(QStringLiteral(":optShowAsList_Click @ ")), qPrintable(written));
     QVERIFY2(written.contains(QStringLiteral(":cboGroupByProperty_Click @ ")), qPrintable(written));
     QVERIFY2(!written.contains(QStringLiteral(":ShowServiceItems @ ")), qPrintable(written));
