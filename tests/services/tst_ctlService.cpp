@@ -50,6 +50,7 @@ private slots:
     void aDeletedPropIsDroppedOnLoadAndFromTheStoreAtTheNextSave();
     void propBagMovesRaiseTheFlagAndAreStoredInOrder();
     void aSecondServiceShownOnThePropBagTabKeepsTheFirstListUntilEntered();
+    void propsStayOutOfTheGalleryWhenItsViewIsRebuilt();
     void aNameOfManyCharactersIsStoredWhole();
 
 private:
@@ -468,6 +469,23 @@ void tst_ctlService::aSecondServiceShownOnThePropBagTabKeepsTheFirstListUntilEnt
     ctl.SSTab1->setCurrentIndex(0);
     ctl.SSTab1->setCurrentIndex(2);
     QCOMPARE(PropTexts(ctl), QStringList({"Amazing Grace"}));
+}
+
+void tst_ctlService::propsStayOutOfTheGalleryWhenItsViewIsRebuilt() {
+    ctlService ctl;
+    Show(ctl, m_lib.service);
+    ctl.SSTab1->setCurrentIndex(2);
+    ctl.ctlSIPropBag->SelectServiceItem(m_lib.francis);
+    ctl.cmdMoveOneRight->click();
+    QVERIFY(!GalleryShows(ctl.ctlSIPropBag, m_lib.francis));
+    // Clearing the quick filter rebuilds the gallery's rows.
+    auto* quick = ctl.ctlSIPropBag->findChild<QLineEdit*>("txtQuickFilter");
+    QVERIFY(quick);
+    quick->setText("a");
+    quick->clear();
+    QVERIFY(GalleryShows(ctl.ctlSIPropBag, m_lib.grace));
+    QVERIFY(!GalleryShows(ctl.ctlSIPropBag, m_lib.francis));
+    QCOMPARE(PropTexts(ctl), QStringList({"Prayer of St Francis"}));
 }
 
 void tst_ctlService::aNameOfManyCharactersIsStoredWhole() {

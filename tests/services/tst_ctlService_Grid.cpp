@@ -27,6 +27,7 @@ private slots:
     void deletingTheOnlyItemLeavesItsRowEmptyAndTheNextAddFillsIt();
     void removingRowsTwoToFourAsksOnceInThePluralAndRenumbers();
     void answeringNoToTheRemovalKeepsEveryRow();
+    void removingABlankNamesItInTheQuestion();
     void downOnTheNextToLastRowMakesItTheLast();
     void upMovesTheRowAndRenumbers();
     void anAddWithTheCurrentRowInTheMiddleStandsBelowIt();
@@ -171,6 +172,18 @@ void tst_ctlService_Grid::answeringNoToTheRemovalKeepsEveryRow() {
     ctl.cmdDeleteSI->click();
     QCOMPARE(Ids(ctl).size(), 3);
     QVERIFY(!ctl.cmdApplyChanges->isEnabled());
+}
+
+void tst_ctlService_Grid::removingABlankNamesItInTheQuestion() {
+    ctlService ctl;
+    Open(ctl, m_lib.service);
+    Enter(ctl, 2, 2);
+    m_platform->QueueAnswer(vbYes);
+    ctl.cmdDeleteSI->click();
+    QCOMPARE(m_platform->LastBox().Prompt,
+             QString("Are you sure you want to remove the Blank 'Blank' from your service"));
+    QCOMPARE(Ids(ctl), QStringList({Id(m_lib.grace), Id(m_lib.francis)}));
+    QCOMPARE(Column(ctl, 0), QStringList({"1", "2"}));
 }
 
 void tst_ctlService_Grid::downOnTheNextToLastRowMakesItTheLast() {
