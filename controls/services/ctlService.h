@@ -85,7 +85,7 @@ public:
         colCount = 8
     };
 
-    // Children, by their documented names.
+    // Children, by name (objectName is the member name).
     QScrollArea* SSScroll1 = nullptr;
     QGroupBox* fraMainCaption = nullptr;
     QLabel* lblMainCaption = nullptr;
