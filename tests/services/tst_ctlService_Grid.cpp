@@ -3,6 +3,7 @@
 // save that writes the rows again top to bottom.
 #include "ScriptedPlatform.h"
 #include "ServiceFixture.h"
+#include "foundations/VBTreeWidget.h"
 #include "galleries/ctlServiceItemGallery.h"
 #include "serviceitems/QVTimeSelector.h"
 
@@ -12,7 +13,9 @@
 #include <QLabel>
 #include <QMimeData>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTabWidget>
+#include <QTreeWidgetItemIterator>
 
 using namespace ServiceFixture;
 
@@ -36,6 +39,7 @@ private slots:
     void theSameItemAddedTwiceKeepsItsOwnRunTimeSettingPerRow();
     void theGallerysButtonFollowsItsClicksAndAddsTheSelection();
     void aDoubleClickInTheGalleryAddsTheItem();
+    void aMultipleSelectionTakesTheDefaultOfTheSelectedItemsType();
     void aDropOfAnItemKeyAddsItBelowTheHoveredRow();
     void aDragHoveringOnlyOverTheLastRowLeavesTheCurrentRow();
     void aDroppedTextWithoutTheItemMarkFailsAsARunTimeError();
@@ -295,6 +299,34 @@ void tst_ctlService_Grid::aDoubleClickInTheGalleryAddsTheItem() {
     ctl.ctlServiceItemGallery1->SelectServiceItem(m_lib.francis);
     emit ctl.ctlServiceItemGallery1->SIDblClicked(m_lib.francis);
     QCOMPARE(Ids(ctl), QStringList({Id(m_lib.francis)}));
+}
+
+void tst_ctlService_Grid::aMultipleSelectionTakesTheDefaultOfTheSelectedItemsType() {
+    const qint32 empty = m_db->AddService("Several");
+    ctlService ctl;
+    Open(ctl, empty);
+    ctlServiceItemGallery* gallery = ctl.ctlServiceItemGallery1;
+    gallery->optShowAsList->click();
+    QVERIFY(!gallery->lvwServiceItems->isHidden());
+    // The hymn would show at run time by default, the notices would not; the
+    // selected (current) item is the notices, so both rows take "No".
+    QTreeWidgetItem* hymn = nullptr;
+    QTreeWidgetItem* notices = nullptr;
+    for (QTreeWidgetItemIterator it(gallery->lvwServiceItems); *it; ++it) {
+        const QString key = (*it)->data(0, Qt::UserRole).toString();
+        if (key == "SI;" + Id(m_lib.grace))
+            hymn = *it;
+        if (key == "SI;" + Id(m_lib.notices))
+            notices = *it;
+    }
+    QVERIFY(hymn && notices);
+    gallery->lvwServiceItems->setCurrentItem(notices);
+    hymn->setSelected(true);
+    notices->setSelected(true);
+    ctl.cmdMoveOneSIToService->setEnabled(true);
+    ctl.cmdMoveOneSIToService->click();
+    QCOMPARE(Column(ctl, ctlService::colSIID).size(), 2);
+    QCOMPARE(Column(ctl, 3), QStringList({"No", "No"}));
 }
 
 namespace {
