@@ -7,6 +7,7 @@
 #include <QString>
 #include <QVariant>
 
+#include <functional>
 #include <memory>
 
 class QTextEdit;
@@ -295,7 +296,8 @@ public:
                       const QString& strOccasion, const QString& strAuthor, const QString& strNotes,
                       bool blnIsServiceTemplate, QString& strErrorMessage,
                       qint32& lngNewTemplateID);
-    // Not available yet (needs the word processor): answers an error text, creates nothing.
+    // Writes a new template document from the starting document, adds its row and (with
+    // blnOpenDocument) opens it in Writer. Without Writer: an error text, nothing created.
     void NewTemplate(bool blnOpenDocument, QString& strErrorMessage, qint32& lngNewTemplateID);
     void DeleteTemplate(qint32 lngTemplateID, const QVariant& varReserved, QString& strErrorMessage,
                         QVariant& varReservedOut);
@@ -303,7 +305,8 @@ public:
     void TemplateShown(qint32 lngTemplateID);
     void GetTemplateOccasions(const QString& strWhere, QString& strErrorMessage,
                               std::unique_ptr<Recordset>& rs);
-    // Not available yet: answers an error text.
+    // Opens the template's document in Writer (a template without one gets a starting
+    // document). A missing document or a missing Writer: an error text, nothing changed.
     void OpenTemplate(qint32 lngTemplateID, bool blnReadOnly, const QString& strDocument,
                       const QVariant& varReserved, bool blnVisible, QString& strErrorMessage,
                       QVariant& varReservedOut);
@@ -394,10 +397,15 @@ public:
     void ExportServiceItems(const QVariant& varIDs, const QString& strDescription,
                             QString& strErrorMessage);
 
-    // ---- Word processor and reports (not available yet) ---------------------------------
-    // No word processor link exists yet: both answer False (and trace why).
+    // ---- Word processor (LibreOffice Writer) and reports ---------------------------------
+    // True when soffice or libreoffice is found on the PATH.
     void IsWordInstalled(const QString& strUnusedA, const QString& strUnusedB, bool& blnInstalled);
+    // True when a soffice of this user is running.
     void IsWordRunning(bool& blnIsRunning);
+    // How a document is handed to Writer (program, file; true when started). The default
+    // starts the program detached; the controls route it through their Platform.
+    using DocumentLauncher = std::function<bool(const QString& strProgram, const QString& strFile)>;
+    static void SetDocumentLauncher(DocumentLauncher launcher);
     void AddBrowserButtonsToWord(QString& strErrorMessage);
     void LoadFileIntoRichText(const QString& strFile, QTextEdit* objRichText,
                               QString& strErrorMessage, QVariant& varReservedOut);

@@ -37,17 +37,6 @@ void DataAccess::ExportServiceItems(const QVariant& varIDs, const QString& strDe
                     QStringLiteral("Export of service items"));
 }
 
-void DataAccess::IsWordInstalled(const QString&, const QString&, bool& blnInstalled) {
-    blnInstalled = false;
-    TraceLog::Instance().WriteTraceLine(
-        QStringLiteral("QVLTDBFUNCTIONS:DataAccess:IsWordInstalled: no word processor link is "
-                       "available yet in this version of Corvantis"));
-}
-
-void DataAccess::IsWordRunning(bool& blnIsRunning) {
-    blnIsRunning = false;
-}
-
 void DataAccess::AddBrowserButtonsToWord(QString& strErrorMessage) {
     P::NotAvailable(strErrorMessage, "AddBrowserButtonsToWord",
                     QStringLiteral("Adding the browser buttons to the word processor"));

@@ -2,8 +2,8 @@
 
 #include "DataAccessCore.h"
 
-// Document templates: their properties. Opening and creating the documents themselves needs the
-// word processor link, which comes later.
+// Document templates: their properties. Creating and opening their documents is the word
+// processor's part (DataAccess_WordProcessor.cpp).
 
 using P = DataAccessPrivate;
 
@@ -67,12 +67,6 @@ void DataAccess::AddTemplate(const QString& strDescription, const QString& strOc
         lngNewTemplateID = P::LastInsertId();
 }
 
-void DataAccess::NewTemplate(bool, QString& strErrorMessage, qint32& lngNewTemplateID) {
-    lngNewTemplateID = 0;
-    P::NotAvailable(strErrorMessage, "NewTemplate",
-                    QStringLiteral("Creating a template document in the word processor"));
-}
-
 void DataAccess::DeleteTemplate(qint32 lngTemplateID, const QVariant&, QString& strErrorMessage,
                                 QVariant&) {
     DeleteTemplate(lngTemplateID, strErrorMessage);
@@ -100,14 +94,4 @@ void DataAccess::GetTemplateOccasions(const QString& strWhere, QString& strError
         strWhere.trimmed().isEmpty() ? notNull
                                      : QStringLiteral("(%1) AND %2").arg(strWhere, notNull),
         QStringLiteral("ORDER BY 1 COLLATE JETTEXT"), strErrorMessage, "GetTemplateOccasions", rs);
-}
-
-void DataAccess::OpenTemplate(qint32 lngTemplateID, bool, const QString&, const QVariant&, bool,
-                              QString& strErrorMessage, QVariant&) {
-    OpenTemplate(lngTemplateID, strErrorMessage);
-}
-
-void DataAccess::OpenTemplate(qint32, QString& strErrorMessage) {
-    P::NotAvailable(strErrorMessage, "OpenTemplate",
-                    QStringLiteral("Opening a template document in the word processor"));
 }

@@ -1,59 +1,48 @@
 #include "TemplatesPage.h"
 
-#include "DataAccess.h"
-#include "EventPanel.h"
-#include "HostText.h"
-#include "RecordList.h"
 #include "foundations/ErrorReport.h"
-#include "foundations/Platform.h"
-#include "foundations/VBRuntime.h"
+#include "templates/ctlTemplate.h"
+#include "templates/ctlTemplateGallery.h"
 
 TemplatesPage::TemplatesPage(QWidget* parent) : HostPage(QStringLiteral("Templates"), parent) {
-    lvwTemplates = new RecordList(
-        QStringLiteral("TemplateID"),
-        {{QStringLiteral("TemplateDescription"), QStringLiteral("Description")},
-         {QStringLiteral("TemplateOccasion"), QStringLiteral("Occasion")},
-         {QStringLiteral("TemplateAuthor"), QStringLiteral("Created By")}},
-        [](QString& err, std::unique_ptr<Recordset>& rs) {
-            DataAccess::Instance().GetTemplates(QString(), 4, err, rs);
-        },
-        this);
-    lvwTemplates->setObjectName(QStringLiteral("lvwTemplates"));
-    SetGallery(lvwTemplates);
-    connect(lvwTemplates, &RecordList::RowClicked, this, [this](qint32 id, const QString& text) {
-        ErrorReport::Guard([&] { lvwTemplates_RowClicked(id, text); });
+    galTemplates = new ctlTemplateGallery;
+    galTemplates->setObjectName(QStringLiteral("galTemplates"));
+    SetGallery(galTemplates);
+    connect(galTemplates, &ctlTemplateGallery::TemplateClicked, this,
+            [this](const QString& strID, const QString& strDescription, const QString&,
+                   const QString&, const QString& strType) {
+                ErrorReport::Guard(
+                    [&] { galTemplates_TemplateClicked(strID, strDescription, strType); });
+            });
+    connect(galTemplates, &ctlTemplateGallery::NewTemplateAdded, this, [this](qint32 lngID) {
+        ErrorReport::Guard([&] { ShowTemplate(QString::number(lngID), QString()); });
     });
 }
 
-void TemplatesPage::Load() {
-    const QString err = lvwTemplates->Reload();
-    if (!err.isEmpty())
-        Platform::Current().MsgBox(err, vbExclamation);
+ctlTemplate* TemplatesPage::Template() const {
+    return qobject_cast<ctlTemplate*>(Editor()->Current());
 }
 
-void TemplatesPage::lvwTemplates_RowClicked(qint32 lngTemplateID, const QString& strText) {
-    auto* panel = Editor()->Ensure<EventPanel>([] { return new EventPanel; });
-    if (!panel)
+void TemplatesPage::Load() {
+    galTemplates->ShowTemplates();
+}
+
+// Groups and the root show nothing beside the gallery; a template shows its
+// properties.
+void TemplatesPage::galTemplates_TemplateClicked(const QString& strID,
+                                                 const QString& strDescription,
+                                                 const QString& strType) {
+    if (strType == QLatin1String("Template"))
+        ShowTemplate(strID, strDescription);
+}
+
+void TemplatesPage::ShowTemplate(const QString& strID, const QString& strDescription) {
+    auto* editor = Editor()->Ensure<ctlTemplate>(
+        [] { return new ctlTemplate; }, [this] { return !Template() || Template()->CanUnload(); });
+    if (!editor)
         return;
-    QString err;
-    std::unique_ptr<Recordset> rs;
-    DataAccess::Instance().GetTemplates(QStringLiteral("TemplateID = %1").arg(lngTemplateID), 4,
-                                        err, rs);
-    EventPanel::Rows rows;
-    if (rs && rs->RecordCount() > 0) {
-        rs->MoveFirst();
-        auto field = [&](const char* name) { return rs->Fields(QLatin1String(name)); };
-        rows = {{QStringLiteral("Type"), field("IsServiceTemplate").toBool()
-                                             ? QStringLiteral("Service")
-                                             : QStringLiteral("Service Item")},
-                {QStringLiteral("Occasion"), VB::Text(field("TemplateOccasion"))},
-                {QStringLiteral("Created By"), VB::Text(field("TemplateAuthor"))},
-                {QStringLiteral("Date Created"), HostText::Value(field("TemplateDateCreated"))},
-                {QStringLiteral("Notes"), VB::Text(field("TemplateNotes"))},
-                {QString(), field("IsInBuilt").toBool() ? QStringLiteral("In Built")
-                                                        : QStringLiteral("User Created")}};
-    } else if (!err.isEmpty()) {
-        rows.append({QStringLiteral("Error"), err});
-    }
-    panel->Show(strText, rows);
+    // ShowProperties first offers to save the template shown before.
+    editor->setDescription(strDescription);
+    editor->setItems(strID);
+    editor->ShowProperties();
 }

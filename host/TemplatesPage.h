@@ -2,20 +2,25 @@
 
 #include "HostPage.h"
 
-class RecordList;
+class ctlTemplate;
+class ctlTemplateGallery;
 
-// The templates: a list of the word-processor templates on the left (until the
-// template gallery takes its place) and the details of the one clicked.
+// The templates: the template gallery on the left and, for the template
+// clicked, the template editor beside it.
 class TemplatesPage : public HostPage {
     Q_OBJECT
 public:
     explicit TemplatesPage(QWidget* parent = nullptr);
 
-    RecordList* lvwTemplates;
+    ctlTemplateGallery* galTemplates;
+    // The editor shown beside the gallery, or none.
+    ctlTemplate* Template() const;
 
 protected:
     void Load() override;
 
 private:
-    void lvwTemplates_RowClicked(qint32 lngTemplateID, const QString& strText);
+    void galTemplates_TemplateClicked(const QString& strID, const QString& strDescription,
+                                      const QString& strType);
+    void ShowTemplate(const QString& strID, const QString& strDescription);
 };

@@ -17,6 +17,8 @@
 #include "Settings.h"
 #include "TemplatesPage.h"
 #include "TestDatabase.h"
+#include "templates/ctlTemplate.h"
+#include "templates/ctlTemplateGallery.h"
 
 #include "foundations/SSRibbon.h"
 #include "foundations/VBTreeWidget.h"
@@ -73,6 +75,7 @@ private slots:
     void propertiesButtonOfTheGalleryShowsTheSelectedItem();
     void oneScreenSaysSoAndTheProjectorWindowKeepsItsPlace();
     void pagesWriteWordsAndFourDigitYearsNotFieldNames();
+    void templatesPageShowsTheGalleryBesideTheEditor();
 
 private:
     StartUp Start() const {
@@ -515,12 +518,26 @@ void tst_MainWindow::pagesWriteWordsAndFourDigitYearsNotFieldNames() {
     QVERIFY(names.contains(QStringLiteral("Start-up page")));
     for (const char* raw : {"IsSampleMode", "StartupTab", "ShowTips", "UseTransitions"})
         QVERIFY2(!names.contains(QLatin1String(raw)), raw);
+}
+
+void tst_MainWindow::templatesPageShowsTheGalleryBesideTheEditor() {
+    const qint32 sheet = db->AddTemplate(QStringLiteral("Order of Service"), true);
+    QVERIFY(sheet > 0);
     QVERIFY(window->ShowPage(QStringLiteral("Templates")));
+    ctlTemplateGallery* gallery = window->pgTemplates->galTemplates;
     QStringList headers;
-    QTreeWidgetItem* header = window->pgTemplates->lvwTemplates->headerItem();
+    QTreeWidgetItem* header = gallery->lvwTemplates->headerItem();
     for (int i = 0; i < header->columnCount(); ++i)
         headers << header->text(i);
-    QCOMPARE(headers, QStringList({"Description", "Occasion", "Created By"}));
+    QCOMPARE(headers, QStringList({"Type", "Description", "Occasion", "Source", "Created By",
+                                   "Created On"}));
+    gallery->ShowTemplates();
+    const QString key = QStringLiteral("Type;ServiceTemplate;;Template;%1").arg(sheet);
+    QVERIFY(gallery->tvwTemplates->KeyExists(key));
+    emit gallery->tvwTemplates->itemClicked(gallery->tvwTemplates->Nodes(key).Item(), 0);
+    QVERIFY(window->pgTemplates->Template());
+    QCOMPARE(window->pgTemplates->Template()->lblMainCaption->text(),
+             QStringLiteral("Order of Service"));
 }
 
 QTEST_MAIN(tst_MainWindow)
