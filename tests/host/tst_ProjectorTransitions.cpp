@@ -30,6 +30,7 @@ private slots:
     void transitionLastsTheDurationOfItsSpeed();
     void cutChangesTheSlideAtOnce();
     void switchedOffTransitionsChangeTheSlideAtOnce();
+    void unknownTransitionKindIsACut();
     void useTransitionsIsReadWithoutRegardToCase();
     void forwardDuringATransitionFinishesItAndGoesOn();
     void pictureShownComesOnlyAfterTheTransitionHasEnded();
@@ -240,6 +241,15 @@ void tst_ProjectorTransitions::cutChangesTheSlideAtOnce() {
 
 void tst_ProjectorTransitions::switchedOffTransitionsChangeTheSlideAtOnce() {
     SetTransition(DataAccess::transFade, DataAccess::speedSlow, QStringLiteral("False"));
+    ShowWindow();
+    engine->Next();
+    QVERIFY(!window->IsInTransition());
+    QCOMPARE(MaxDifference(Frame(), window->Picture()), 0);
+}
+
+void tst_ProjectorTransitions::unknownTransitionKindIsACut() {
+    SetTransition(99, DataAccess::speedSlow);
+    QCOMPARE(engine->Look().transitionType, qint32(DataAccess::transCut));
     ShowWindow();
     engine->Next();
     QVERIFY(!window->IsInTransition());
