@@ -10,10 +10,12 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QVariantAnimation>
 #include <QWindow>
 
 ProjectorWindow::ProjectorWindow(RunEngine& engine, QWidget* parent)
-    : QWidget(parent, Qt::Window), m_engine(engine), tmrBackground(new QTimer(this)) {
+    : QWidget(parent, Qt::Window), m_engine(engine), tmrBackground(new QTimer(this)),
+      aniTransition(new QVariantAnimation(this)) {
     setObjectName(Title());
     setWindowTitle(Title());
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -25,6 +27,12 @@ ProjectorWindow::ProjectorWindow(RunEngine& engine, QWidget* parent)
     tmrBackground->setObjectName(QStringLiteral("tmrBackground"));
     connect(tmrBackground, &QTimer::timeout, this,
             [this] { ErrorReport::Guard([this] { tmrBackground_Timeout(); }); });
+    aniTransition->setObjectName(QStringLiteral("aniTransition"));
+    aniTransition->setStartValue(0.0);
+    aniTransition->setEndValue(1.0);
+    connect(aniTransition, &QVariantAnimation::valueChanged, this, [this] { update(); });
+    connect(aniTransition, &QVariantAnimation::finished, this,
+            [this] { ErrorReport::Guard([this] { aniTransition_Finished(); }); });
     connect(&m_engine, &RunEngine::SlideChanged, this,
             [this] { ErrorReport::Guard([this] { Engine_SlideChanged(); }); });
     // A screen that comes or goes is handled once Qt has finished moving
@@ -114,6 +122,7 @@ void ProjectorWindow::CloseProjector() {
     RememberPlace();
     m_closing = true;
     tmrBackground->stop();
+    aniTransition->stop();
     close();
 }
 
@@ -122,29 +131,69 @@ QImage ProjectorWindow::Picture() const {
                                       m_backgroundIndex);
 }
 
+// A change that comes while a transition runs finishes that one at once and
+// starts from its new slide: every key press moves the slides on.
 void ProjectorWindow::Engine_SlideChanged() {
+    const QImage shown = m_picture.size() == size() ? m_picture : QImage();
+    FinishTransition();
     const Slide& slide = m_engine.CurrentSlide();
     m_backgroundIndex = 0;
     if (slide.backgrounds.size() > 1 && slide.changeBackgroundEverySeconds > 0)
         tmrBackground->start(slide.changeBackgroundEverySeconds * 1000);
     else
         tmrBackground->stop();
+    m_picture = QImage();
+    // Black on and off comes at once: the operator wants it now.
+    const bool black = m_engine.IsBlackedOut();
+    if (m_engine.Look().Animates() && !shown.isNull() && isVisible() && black == m_shownBlack)
+        StartTransition(shown);
+    m_shownBlack = black;
     m_pictureChanged = true;
+    update();
+}
+
+void ProjectorWindow::StartTransition(const QImage& from) {
+    const RunLook& look = m_engine.Look();
+    m_from = from;
+    m_picture = Picture();
+    m_transitionType = look.transitionType;
+    aniTransition->setDuration(qMax(1, look.transitionDuration));
+    aniTransition->start();
+}
+
+void ProjectorWindow::FinishTransition() {
+    if (m_from.isNull())
+        return;
+    m_from = QImage();
+    aniTransition->stop();
+    update();
+}
+
+// The last frame is the new slide whole; the console's mirror is told once
+// that has been painted.
+void ProjectorWindow::aniTransition_Finished() {
+    m_from = QImage();
     update();
 }
 
 void ProjectorWindow::tmrBackground_Timeout() {
     ++m_backgroundIndex;
+    m_picture = QImage();
     update();
 }
 
 void ProjectorWindow::paintEvent(QPaintEvent*) {
     ErrorReport::Guard([this] {
+        if (m_picture.size() != size())
+            m_picture = Picture();
         QPainter painter(this);
-        m_engine.Renderer().Paint(painter, rect(), m_engine.CurrentSlide(), m_engine.IsBlackedOut(),
-                                  m_backgroundIndex);
+        if (IsInTransition())
+            SlideRenderer::PaintTransition(painter, rect(), m_from, m_picture, m_transitionType,
+                                           aniTransition->currentValue().toReal());
+        else
+            painter.drawImage(0, 0, m_picture);
     });
-    if (!m_pictureChanged)
+    if (!m_pictureChanged || IsInTransition())
         return;
     m_pictureChanged = false;
     // Told once the painted picture has reached the screen, after this event.
@@ -156,6 +205,8 @@ void ProjectorWindow::paintEvent(QPaintEvent*) {
 
 void ProjectorWindow::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
+    FinishTransition();
+    m_picture = QImage();
     m_pictureChanged = true;
     ErrorReport::Guard([this] { m_engine.SetScreenSize(size()); });
 }

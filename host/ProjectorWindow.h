@@ -3,15 +3,19 @@
 #include "OperatorKeys.h"
 #include "ProjectorPlacement.h"
 
+#include <QImage>
 #include <QTimer>
 #include <QWidget>
 
+class QVariantAnimation;
 class RunEngine;
 
 // The window that the congregation sees, titled "CorvantisRunForm" (the
 // console finds it by that title). It draws the engine's current slide, goes
 // full screen on the second monitor or opens as a normal window when there is
-// only one, and places itself again whenever a screen comes or goes.
+// only one, and places itself again whenever a screen comes or goes. With
+// transitions switched on in the options, a new slide comes in by the chosen
+// transition, painted between the pictures of the old and the new slide.
 class ProjectorWindow : public QWidget {
     Q_OBJECT
 public:
@@ -31,8 +35,15 @@ public:
     // Closes the window for good (the end of a run), remembering its place
     // when it is a window on the operator's one screen.
     void CloseProjector();
-    // The picture as it shows now, at the window's size.
+    // The picture of the current slide, at the window's size (at the end of a
+    // running transition).
     QImage Picture() const;
+    // The animation of the change to the current slide: running while a
+    // transition shows, its value the progress from 0 to 1.
+    QVariantAnimation* Transition() const { return aniTransition; }
+    bool IsInTransition() const { return !m_from.isNull(); }
+    // Ends a running transition at once: the new slide shows whole.
+    void FinishTransition();
 
 signals:
     // An operator key pressed on the projector window; closing the window by
@@ -51,6 +62,8 @@ protected:
 private:
     void Engine_SlideChanged();
     void tmrBackground_Timeout();
+    void aniTransition_Finished();
+    void StartTransition(const QImage& from);
     void PlaceLater();
     void RememberPlace() const;
     QScreen* ScreenAt(const QRect& rect) const;
@@ -58,6 +71,11 @@ private:
     RunEngine& m_engine;
     ProjectorPlacement m_placement;
     QTimer* tmrBackground;
+    QVariantAnimation* aniTransition;
+    QImage m_picture; // the current slide as painted; null when it must be drawn again
+    QImage m_from;    // the slide before, while a transition runs
+    qint32 m_transitionType = 38;
+    bool m_shownBlack = false;
     int m_backgroundIndex = 0;
     bool m_closing = false;
     bool m_pictureChanged = true; // painted since the last PictureShown?

@@ -23,6 +23,16 @@ void RunEngine::SetLook(const RunLook& look) {
     Recut();
 }
 
+// A look that has not changed cuts nothing again: the usual case costs one
+// read of the options row.
+void RunEngine::RefreshLook() {
+    if (!m_lookSource || !m_running)
+        return;
+    const RunLook look = m_lookSource();
+    if (!(look == m_renderer.Look()))
+        SetLook(look);
+}
+
 void RunEngine::SetScreenSize(const QSize& size) {
     if (!size.isValid() || size == m_screenSize)
         return;

@@ -9,6 +9,7 @@
 #include <QObject>
 #include <QSize>
 
+#include <functional>
 #include <optional>
 
 // The model of a run: which rows of a service are shown, how each item is cut
@@ -56,6 +57,9 @@ public:
     // Loads one service item to run by itself.
     bool LoadItem(qint32 lngServiceItemID, QString& strErrorMessage);
     void SetLook(const RunLook& look);
+    // Where the look is read again before each change of slide, so that a
+    // change in the options shows at the next slide of a running service.
+    void SetLookSource(std::function<RunLook()> source) { m_lookSource = std::move(source); }
     const RunLook& Look() const { return m_renderer.Look(); }
     // The size of the projector picture, which decides what a screenful is.
     void SetScreenSize(const QSize& size);
@@ -122,6 +126,7 @@ signals:
 
 private:
     void Reset();
+    void RefreshLook();
     void Recut();
     void CutTrack(Track& track) const;
     Track MakeTrack(const RunItem& item) const;
@@ -135,6 +140,7 @@ private:
     Step MoveToItem(int index, int part);
 
     SlideRenderer m_renderer;
+    std::function<RunLook()> m_lookSource;
     QSize m_screenSize{1024, 768};
     bool m_running = false;
     qint32 m_serviceId = 0;

@@ -7,6 +7,7 @@
 RunEngine::Step RunEngine::Move(int direction) {
     if (!m_running)
         return Step::Nothing;
+    RefreshLook();
     if (m_atEnd && !m_prop) {
         if (direction > 0 || m_tracks.isEmpty())
             return Step::Nothing;
@@ -52,12 +53,14 @@ RunEngine::Step RunEngine::Previous() {
 bool RunEngine::JumpToItem(int index) {
     if (!m_running || index < 0 || index >= m_tracks.size())
         return false;
+    RefreshLook();
     m_atEnd = false;
     MoveToItem(index, 0);
     return true;
 }
 
 bool RunEngine::JumpToPart(int part) {
+    RefreshLook();
     if (!m_running || part < 0 || part >= PartCount() || (m_atEnd && !m_prop))
         return false;
     ActiveTrack()->part = part;
@@ -71,6 +74,7 @@ bool RunEngine::StartProp(qint32 lngServiceItemID, QString& strErrorMessage) {
     RunItem prop;
     if (!RunItem::Load(lngServiceItemID, prop, strErrorMessage))
         return false;
+    RefreshLook();
     m_prop = MakeTrack(prop);
     emit SlideChanged();
     return true;
@@ -80,5 +84,6 @@ void RunEngine::EndProp() {
     if (!m_prop)
         return;
     m_prop.reset();
+    RefreshLook();
     emit SlideChanged();
 }

@@ -1,6 +1,7 @@
 #include "RunLook.h"
 
 #include "DataAccess.h"
+#include "Settings.h"
 #include "foundations/VBRuntime.h"
 
 namespace {
@@ -27,6 +28,17 @@ QString backgroundPath(const QVariant& value) {
 
 } // namespace
 
+// RunModeTransType and RunModeTransSpeed; an unknown kind counts as a cut.
+void RunLook::ReadTransition(const Recordset& rs, RunLook& look) {
+    const QVariant type = rs.Fields(QStringLiteral("RunModeTransType"));
+    const qint32 kind = VB::IsNumeric(type) ? VB::CLng(type) : DataAccess::transCut;
+    look.transitionType = kind >= DataAccess::transFade && kind <= DataAccess::transWipe
+                              ? kind
+                              : static_cast<qint32>(DataAccess::transCut);
+    look.transitionDuration =
+        DataAccess::TransitionDuration(rs.Fields(QStringLiteral("RunModeTransSpeed")));
+}
+
 QColor RunLook::FromBgr(qint32 lngColor) {
     return QColor(lngColor & 0xFF, (lngColor >> 8) & 0xFF, (lngColor >> 16) & 0xFF);
 }
@@ -37,6 +49,10 @@ qint32 RunLook::ToBgr(const QColor& color) {
 
 RunLook RunLook::FromOptions(QString& strErrorMessage) {
     RunLook look;
+    look.useTransitions = Settings::GetPrivateProfileString(QStringLiteral("Options"),
+                                                            QStringLiteral("UseTransitions"))
+                              .trimmed()
+                              .compare(QStringLiteral("True"), Qt::CaseInsensitive) == 0;
     std::unique_ptr<Recordset> rs;
     DataAccess::Instance().GetOptions(strErrorMessage, rs);
     if (!strErrorMessage.isEmpty() || !rs || rs->RecordCount() == 0)
@@ -69,5 +85,6 @@ RunLook RunLook::FromOptions(QString& strErrorMessage) {
         look.pointDisplayMode = mode;
     look.revealSubPointsOneByOne =
         flag(*rs, QStringLiteral("ShowSubPointsOneByOne"), look.revealSubPointsOneByOne);
+    ReadTransition(*rs, look);
     return look;
 }

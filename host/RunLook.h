@@ -3,6 +3,8 @@
 #include <QColor>
 #include <QString>
 
+class Recordset;
+
 // How a run looks on the projector, read from the options row: font and
 // colours of the text, the default background picture, which item details may
 // be shown, and the default way of showing points.
@@ -23,9 +25,23 @@ struct RunLook {
     qint16 pointDisplayMode = 4; // 4, 5 or 6
     bool revealSubPointsOneByOne = false;
 
-    // Reads the options row of the open database; a field that is Null keeps
-    // the default above. strErrorMessage carries the data library's text.
+    // The change from one slide to the next: the kind (a cut, 38, changes the
+    // picture at once) and its length in milliseconds. Transitions are used
+    // only when the settings file switches them on.
+    bool useTransitions = false;
+    qint32 transitionType = 38;
+    qint32 transitionDuration = 600;
+    // Whether the change from one slide to the next is animated.
+    bool Animates() const { return useTransitions && transitionType != 38; }
+
+    friend bool operator==(const RunLook&, const RunLook&) = default;
+
+    // Reads the options row of the open database and UseTransitions of the
+    // settings file; a field that is Null keeps the default above.
+    // strErrorMessage carries the data library's text.
     static RunLook FromOptions(QString& strErrorMessage);
+
+    static void ReadTransition(const Recordset& rs, RunLook& look);
 
     // A colour stored as the long &HBBGGRR.
     static QColor FromBgr(qint32 lngColor);

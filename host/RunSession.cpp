@@ -25,7 +25,13 @@ ctlRun* RunSession::Console() const {
     return m_console.data();
 }
 
+RunLook RunSession::ReadLook() {
+    QString strErrorMessage;
+    return RunLook::FromOptions(strErrorMessage);
+}
+
 void RunSession::CreateParts(QWidget* consoleParent) {
+    m_engine.SetLookSource(&RunSession::ReadLook);
     m_projector = new ProjectorWindow(m_engine);
     if (consoleParent) {
         m_console = new ctlRun(consoleParent);
@@ -54,8 +60,7 @@ bool RunSession::Begin() {
 }
 
 bool RunSession::StartService(qint32 lngServiceID, QString& strErrorMessage) {
-    QString lookErr;
-    m_engine.SetLook(RunLook::FromOptions(lookErr));
+    m_engine.SetLook(ReadLook());
     if (!m_engine.LoadService(lngServiceID, strErrorMessage))
         return false;
     if (m_engine.ItemCount() == 0) {
@@ -70,8 +75,7 @@ bool RunSession::StartService(qint32 lngServiceID, QString& strErrorMessage) {
 }
 
 bool RunSession::StartServiceItem(qint32 lngServiceItemID, QString& strErrorMessage) {
-    QString lookErr;
-    m_engine.SetLook(RunLook::FromOptions(lookErr));
+    m_engine.SetLook(ReadLook());
     if (!m_engine.LoadItem(lngServiceItemID, strErrorMessage))
         return false;
     Begin();

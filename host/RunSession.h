@@ -37,6 +37,9 @@ signals:
     void Ended();
 
 private:
+    // The look of the options row and the settings file; a failure to read
+    // them keeps the built-in look.
+    static RunLook ReadLook();
     void CreateParts(QWidget* consoleParent);
     bool Begin();
     void Engine_RunEnded();

@@ -30,6 +30,12 @@ public:
     QImage Render(const Slide& slide, const QSize& size, bool blnBlackedOut = false,
                   int intBackgroundIndex = 0);
 
+    // One frame of the change from picture from to picture to (both of
+    // rect's size): progress runs from 0 (only from shows) to 1 (only to
+    // shows). An unknown kind or a cut shows to.
+    static void PaintTransition(QPainter& painter, const QRect& rect, const QImage& from,
+                                const QImage& to, qint32 lngType, qreal progress);
+
     // The pixel size of the body text at this picture height, before fitting.
     int BodyPixelSize(int intHeight) const;
     // The pixel size that the body text of this slide gets after fitting
