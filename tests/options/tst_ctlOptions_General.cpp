@@ -9,7 +9,9 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScopeGuard>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 
 using namespace OptionsTest;
 
@@ -202,6 +204,12 @@ void tst_ctlOptions_General::propBagSwitchShowsItsField() {
 }
 
 void tst_ctlOptions_General::wordButtonIsDisabledWithoutAWordProcessor() {
+    // No word processor on the search path, whatever this machine has installed.
+    QTemporaryDir emptyFolder;
+    QVERIFY(emptyFolder.isValid());
+    const QByteArray oldPath = qgetenv("PATH");
+    qputenv("PATH", emptyFolder.path().toLocal8Bit());
+    const auto restorePath = qScopeGuard([&] { qputenv("PATH", oldPath); });
     ScriptedPlatform platform;
     ctlOptions options;
     bool blnInstalled = true;
