@@ -1,5 +1,6 @@
 #include "ShortListsPage.h"
 
+#include "DataAccess.h"
 #include "foundations/ErrorReport.h"
 #include "shortlists/ctlShortList.h"
 #include "shortlists/ctlShortListGallery.h"
@@ -22,9 +23,14 @@ ShortListsPage::~ShortListsPage() {
     ctlShortListGallery1->ReleaseListViewFilter();
 }
 
+// The list shown last opens again, in the gallery and in the editor.
 void ShortListsPage::Load() {
     QString strErrorMessage;
-    ctlShortListGallery1->ShowShortLists(0, strErrorMessage);
+    qint32 lngLastShown = 0;
+    DataAccess::Instance().GetLastShownShortList(lngLastShown);
+    ctlShortListGallery1->ShowShortLists(lngLastShown, strErrorMessage);
+    if (lngLastShown != 0 && strErrorMessage.isEmpty())
+        ctlShortListGallery1->SelectShortList(lngLastShown, strErrorMessage);
 }
 
 ctlShortList* ShortListsPage::ShortListEditor() const {

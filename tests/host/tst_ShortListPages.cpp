@@ -36,6 +36,7 @@ private slots:
 
     void theShortListsPageShowsTheGalleryAndEditsTheClickedList();
     void newOnTheShortListsPageOpensTheNewListInTheEditor();
+    void theShortListsPageOpensTheListShownLast();
     void christmasSongsNotInAnyServiceAreBuiltSavedAndApplied();
     void theServiceItemsPageCanSwitchAShortListOff();
 
@@ -117,6 +118,18 @@ void tst_ShortListPages::newOnTheShortListsPageOpensTheNewListInTheEditor() {
     QVERIFY(editor);
     QCOMPARE(editor->Items(), QString::number(added.at(0).at(0).toInt()));
     QVERIFY(editor->txtDescription->text().isEmpty());
+}
+
+void tst_ShortListPages::theShortListsPageOpensTheListShownLast() {
+    QVERIFY(m_db->AddShortList("Advent", {m_faithful}) > 0);
+    const qint32 easter = m_db->AddShortList("Easter", {m_grace});
+    DataAccess::Instance().ShortListShown(easter);
+    ShortListsPage page;
+    page.Activate();
+    QCOMPARE(page.ctlShortListGallery1->SelectedItemText(), QString("Easter"));
+    ctlShortList* editor = page.ShortListEditor();
+    QVERIFY(editor);
+    QCOMPARE(editor->Items(), QString::number(easter));
 }
 
 void tst_ShortListPages::christmasSongsNotInAnyServiceAreBuiltSavedAndApplied() {
