@@ -2,6 +2,7 @@
 
 #include "DataAccess.h"
 #include "foundations/ErrorReport.h"
+#include "foundations/VBTreeWidget.h"
 #include "shortlists/ctlShortList.h"
 #include "shortlists/ctlShortListGallery.h"
 
@@ -23,12 +24,16 @@ ShortListsPage::~ShortListsPage() {
     ctlShortListGallery1->ReleaseListViewFilter();
 }
 
-// The list shown last opens again, in the gallery and in the editor.
+// The list shown last opens again, in the gallery and in the editor; before any
+// was shown, the first list of the gallery opens.
 void ShortListsPage::Load() {
     QString strErrorMessage;
     qint32 lngLastShown = 0;
     DataAccess::Instance().GetLastShownShortList(lngLastShown);
     ctlShortListGallery1->ShowShortLists(lngLastShown, strErrorMessage);
+    VBTreeWidget* list = ctlShortListGallery1->lvwShortLists;
+    if (lngLastShown == 0 && list->topLevelItemCount() > 0)
+        lngLastShown = list->topLevelItem(0)->data(0, Qt::UserRole + 1).toInt();
     if (lngLastShown != 0 && strErrorMessage.isEmpty())
         ctlShortListGallery1->SelectShortList(lngLastShown, strErrorMessage);
 }
