@@ -25,6 +25,10 @@ ServiceItemsPage::ServiceItemsPage(QWidget* parent)
             [this](const QString& key, qint32 id) {
                 ErrorReport::Guard([&] { ctlServiceItemGallery1_ToolBarButtonClicked(key, id); });
             });
+    connect(ctlServiceItemGallery1, &ctlServiceItemGallery::ShortListApplied, this,
+            [this](const QString& items, const QString& words, const QString&) {
+                ErrorReport::Guard([&] { ctlServiceItemGallery1_ShortListApplied(items, words); });
+            });
     // The gallery leaves its Properties button to the host: it shows the
     // selected item's details on the right.
     if (auto* btnProperties =
@@ -36,6 +40,24 @@ ServiceItemsPage::ServiceItemsPage(QWidget* parent)
 void ServiceItemsPage::btnProperties_Click() {
     if (m_selected != 0)
         ShowItem(m_selected, ctlServiceItemGallery1->SelectedItemText());
+}
+
+void ServiceItemsPage::ApplyShortList(qint32 lngShortListID) {
+    Activate();
+    ctlServiceItemGallery1->ApplyShortList(lngShortListID);
+}
+
+// The right side tells which short list is in force and how many items it holds.
+void ServiceItemsPage::ctlServiceItemGallery1_ShortListApplied(
+    const QString& SIItemsInList, const QString& FilterInPlainEnglish) {
+    m_selected = 0;
+    auto* panel = Editor()->Ensure<EventPanel>([] { return new EventPanel; });
+    if (!panel)
+        return;
+    const qint32 lngCount =
+        static_cast<qint32>(SIItemsInList.split(QLatin1Char(','), Qt::SkipEmptyParts).size());
+    panel->Show(FilterInPlainEnglish,
+                {{QStringLiteral("Service items"), QString::number(lngCount)}});
 }
 
 void ServiceItemsPage::Load() {

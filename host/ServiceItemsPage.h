@@ -14,6 +14,9 @@ public:
 
     // The item whose node was clicked last (0 when a group or nothing).
     qint32 SelectedServiceItemID() const { return m_selected; }
+    // Shows only the items of a short list in the gallery, through every reload,
+    // until 0 switches it off (or the gallery's own short-list choice does).
+    void ApplyShortList(qint32 lngShortListID);
 
     ctlServiceItemGallery* ctlServiceItemGallery1;
 
@@ -27,6 +30,8 @@ private:
                                           const QString& strType);
     void ctlServiceItemGallery1_SIDblClicked(qint32 SIId);
     void btnProperties_Click();
+    void ctlServiceItemGallery1_ShortListApplied(const QString& SIItemsInList,
+                                                 const QString& FilterInPlainEnglish);
     void ctlServiceItemGallery1_ToolBarButtonClicked(const QString& strButtonKey,
                                                      qint32 lngSelectedServiceItem);
     void ShowItem(qint32 lngServiceItemID, const QString& strDescription);

@@ -2,80 +2,86 @@
 
 #include "DataAccess.h"
 #include "EventPanel.h"
-#include "RecordList.h"
+#include "Recordset.h"
 #include "Summaries.h"
 #include "foundations/ErrorReport.h"
-#include "foundations/Platform.h"
+#include "foundations/VBRuntime.h"
+#include "galleries/ctlServiceGallery.h"
 
 #include <QPushButton>
 #include <QVBoxLayout>
 
-ServicesPage::ServicesPage(QWidget* parent) : HostPage(QStringLiteral("Services"), parent) {
+ServicesPage::ServicesPage(QWidget* parent)
+    : HostPage(QStringLiteral("Services"), parent), ctlServiceGallery1(nullptr) {
     auto* gallery = new QWidget(this);
     gallery->setObjectName(QStringLiteral("ServiceList"));
-    lvwServices = new RecordList(
-        QStringLiteral("ServiceID"),
-        {{QStringLiteral("ServiceName"), QStringLiteral("Service")},
-         {QStringLiteral("ServiceType"), QStringLiteral("Type")},
-         {QStringLiteral("ServiceTheme"), QStringLiteral("Theme")},
-         {QStringLiteral("ServiceDateLastDelivered"), QStringLiteral("Last delivered")}},
-        [](QString& err, std::unique_ptr<Recordset>& rs) {
-            DataAccess::Instance().GetServices(QString(), 4, err, rs);
-        },
-        gallery);
-    lvwServices->setObjectName(QStringLiteral("lvwServices"));
+    ctlServiceGallery1 = new ctlServiceGallery(gallery);
+    ctlServiceGallery1->setObjectName(QStringLiteral("ctlServiceGallery1"));
     cmdRunService = new QPushButton(QStringLiteral("&Run this Service"), gallery);
     cmdRunService->setObjectName(QStringLiteral("cmdRunService"));
     cmdRunService->setEnabled(false);
     auto* layout = new QVBoxLayout(gallery);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(lvwServices, 1);
+    layout->addWidget(ctlServiceGallery1, 1);
     layout->addWidget(cmdRunService);
     SetGallery(gallery);
-    connect(lvwServices, &RecordList::RowClicked, this,
-            [this](qint32 id) { ErrorReport::Guard([&] { lvwServices_RowClicked(id); }); });
-    connect(lvwServices, &RecordList::RowDoubleClicked, this,
-            [this](qint32 id) { ErrorReport::Guard([&] { lvwServices_RowClicked(id); }); });
+    connect(ctlServiceGallery1, &ctlServiceGallery::ServiceClicked, this,
+            [this](const QString& id, const QString& text, const QString&, const QString&,
+                   const QString& type) {
+                ErrorReport::Guard([&] { ctlServiceGallery1_ServiceClicked(id, text, type); });
+            });
+    connect(ctlServiceGallery1, &ctlServiceGallery::ServiceDblClicked, this,
+            [this](qint32 id) { ErrorReport::Guard([&] { SelectService(id); }); });
     connect(cmdRunService, &QPushButton::clicked, this,
             [this] { ErrorReport::Guard([this] { cmdRunService_Click(); }); });
 }
 
-// The first service is shown at once, so that the page never opens empty.
+// The newest service is shown at once, so that the page never opens empty.
 void ServicesPage::Load() {
-    Reload();
-    if (lvwServices->topLevelItemCount() > 0)
-        SelectService(lvwServices->topLevelItem(0)->data(0, Qt::UserRole).toInt());
+    ctlServiceGallery1->ShowServices();
+    const qint32 lngNewest = NewestServiceID();
+    if (lngNewest != 0)
+        SelectService(lngNewest);
+}
+
+qint32 ServicesPage::NewestServiceID() {
+    QString strErrorMessage;
+    std::unique_ptr<Recordset> rs;
+    DataAccess::Instance().GetServices(QString(), 4, strErrorMessage, rs);
+    if (!strErrorMessage.isEmpty() || !rs || rs->RecordCount() == 0)
+        return 0;
+    rs->MoveFirst();
+    return VB::CLng(rs->Fields(QStringLiteral("ServiceID")));
 }
 
 void ServicesPage::Reload() {
-    const qint32 selected = SelectedServiceID();
-    const QString err = lvwServices->Reload();
-    if (!err.isEmpty())
-        Platform::Current().MsgBox(err, vbExclamation);
-    if (selected != 0)
-        lvwServices->SelectId(selected);
-}
-
-qint32 ServicesPage::SelectedServiceID() const {
-    return lvwServices->SelectedId();
+    const qint32 lngSelected = m_selected;
+    ctlServiceGallery1->ShowServices();
+    if (lngSelected != 0)
+        ctlServiceGallery1->SelectService(lngSelected);
 }
 
 void ServicesPage::SelectService(qint32 lngServiceID) {
     Activate();
-    if (lvwServices->SelectId(lngServiceID))
-        lvwServices_RowClicked(lngServiceID);
+    ctlServiceGallery1->SelectService(lngServiceID);
 }
 
-void ServicesPage::lvwServices_RowClicked(qint32 lngServiceID) {
+void ServicesPage::ctlServiceGallery1_ServiceClicked(const QString& strID,
+                                                     const QString& strDescription,
+                                                     const QString& strType) {
+    m_selected = strType == QLatin1String("Service") ? strID.toInt() : 0;
+    cmdRunService->setEnabled(m_selected != 0);
+    if (m_selected != 0)
+        ShowService(m_selected, strDescription);
+}
+
+void ServicesPage::ShowService(qint32 lngServiceID, const QString& strDescription) {
     auto* panel = Editor()->Ensure<EventPanel>([] { return new EventPanel; });
-    if (!panel)
-        return;
-    panel->Show(lvwServices->SelectedText(), Summaries::ServiceRows(lngServiceID));
-    cmdRunService->setEnabled(lngServiceID != 0);
+    if (panel)
+        panel->Show(strDescription, Summaries::ServiceRows(lngServiceID));
 }
 
 void ServicesPage::cmdRunService_Click() {
-    const qint32 id = SelectedServiceID();
-    if (id != 0)
-        emit RunServiceRequested(id);
+    if (m_selected != 0)
+        emit RunServiceRequested(m_selected);
 }

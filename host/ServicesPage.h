@@ -2,29 +2,36 @@
 
 #include "HostPage.h"
 
-class EventPanel;
+class ctlServiceGallery;
 class QPushButton;
-class RecordList;
 
-// The services of the church: a list of the services on the left (until the
-// service gallery takes its place), the details of the one clicked on the
-// right, and a button that runs it.
+// The services of the church: the service gallery on the left with a button
+// that runs the chosen service, and on the right the details of the service
+// clicked last.
 class ServicesPage : public HostPage {
     Q_OBJECT
 public:
     explicit ServicesPage(QWidget* parent = nullptr);
 
-    qint32 SelectedServiceID() const;
+    // The service clicked last; 0 after a click on a group or the root.
+    qint32 SelectedServiceID() const { return m_selected; }
     void SelectService(qint32 lngServiceID);
+    // Loads the gallery again, the service clicked last still selected.
     void Reload();
 
-    RecordList* lvwServices;
+    ctlServiceGallery* ctlServiceGallery1;
     QPushButton* cmdRunService;
 
 protected:
     void Load() override;
 
 private:
-    void lvwServices_RowClicked(qint32 lngServiceID);
+    void ctlServiceGallery1_ServiceClicked(const QString& strID, const QString& strDescription,
+                                           const QString& strType);
+    void ShowService(qint32 lngServiceID, const QString& strDescription);
     void cmdRunService_Click();
+    // The service the store lists first (the newest); 0 when there is none.
+    static qint32 NewestServiceID();
+
+    qint32 m_selected = 0;
 };

@@ -213,6 +213,7 @@ private slots:
     void cmdShowHideFilter_Click();
     void optQuickFilter_Click();
     void optShortList_Click();
+    void cmdGetShortList_Click();
 
     // Selection and commands.
     void tvwServiceItems_NodeClick(QTreeWidgetItem* Node);

@@ -257,6 +257,8 @@ void ctlServiceItemGallery::ConnectWidgets() {
         if (blnOn)
             optShortList_Click();
     });
+    connect(cmdGetShortList, &QPushButton::clicked, this,
+            &ctlServiceItemGallery::cmdGetShortList_Click);
     connect(txtQuickFilter, &QLineEdit::textChanged, this,
             &ctlServiceItemGallery::txtQuickFilter_Change);
     connect(StatusBar1, &VBStatusBar::PanelClick, this,

@@ -9,6 +9,7 @@
 #include "Recordset.h"
 #include "TraceLog.h"
 #include "foundations/ErrorReport.h"
+#include "foundations/ShortListPicker.h"
 #include "foundations/TraceLine.h"
 #include "foundations/VBError.h"
 #include "foundations/VBRuntime.h"
@@ -25,6 +26,17 @@ using namespace modQVLTControls;
 namespace {
 const QString kClass = QStringLiteral("ctlServiceItemGallery");
 } // namespace
+
+// The picker's answer goes straight to ApplyShortList: 0 (nothing chosen)
+// switches the short list off. Neither error text is looked at, so a failure
+// shows nothing here.
+void ctlServiceItemGallery::cmdGetShortList_Click() {
+    Entry(QStringLiteral("cmdGetShortList_Click")).Enter().Guarded([&] {
+        QString strErrorMessage;
+        const qint32 lngChosen = ShortListPicker::Instance().SelectShortList(strErrorMessage);
+        ApplyShortList(lngChosen, strErrorMessage);
+    });
+}
 
 void ctlServiceItemGallery::ApplyShortList(qint32 lngShortListID) {
     QString strErrorMessage;

@@ -23,6 +23,7 @@
 
 #include "foundations/SSRibbon.h"
 #include "foundations/VBTreeWidget.h"
+#include "galleries/ctlServiceGallery.h"
 #include "galleries/ctlServiceItemGallery.h"
 #include "run/ctlRun.h"
 
@@ -156,10 +157,13 @@ void tst_MainWindow::servicesPageOpensOnTheNewestService() {
 }
 
 void tst_MainWindow::servicesPageListsTheServicesAndShowsTheClickedOne() {
-    RecordList* list = window->pgServices->lvwServices;
-    QCOMPARE(list->topLevelItemCount(), 2);
-    QVERIFY(list->SelectId(service));
-    emit list->itemClicked(list->currentItem(), 0);
+    ctlServiceGallery* gallery = window->pgServices->ctlServiceGallery1;
+    qint32 services = 0;
+    for (qint32 i = 1; i <= gallery->tvwServices->Count(); ++i)
+        services += gallery->tvwServices->Nodes(i).Key().contains(QStringLiteral(";;Service;"));
+    QCOMPARE(services, 2);
+    gallery->SelectService(service);
+    QCOMPARE(window->pgServices->SelectedServiceID(), service);
     auto* panel = qobject_cast<EventPanel*>(window->pgServices->Editor()->Current());
     QVERIFY(panel);
     QCOMPARE(panel->Caption(), QStringLiteral("Morning Worship"));
@@ -307,9 +311,7 @@ void tst_MainWindow::endOnTheConsoleEndsTheRunAndRecordsTheDelivery() {
 }
 
 void tst_MainWindow::runButtonOfTheServicesPageRunsTheService() {
-    RecordList* list = window->pgServices->lvwServices;
-    QVERIFY(list->SelectId(service));
-    emit list->itemClicked(list->currentItem(), 0);
+    window->pgServices->SelectService(service);
     window->pgServices->cmdRunService->click();
     QVERIFY(window->IsRunning());
     QCOMPARE(window->Session()->Engine().ServiceID(), service);
@@ -442,10 +444,10 @@ void tst_MainWindow::helpMenuOpensEachPageOfTheGuide() {
 }
 
 void tst_MainWindow::f1SentByAControlOpensTheGuide() {
-    window->pgServices->lvwServices->setFocus();
+    VBTreeWidget* tree = window->pgServices->ctlServiceGallery1->tvwServices;
+    tree->setFocus();
     // What a control's SendKeys("{F1}") does: an F1 key stroke to the focus.
-    QCoreApplication::postEvent(window->pgServices->lvwServices,
-                                new QKeyEvent(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier));
+    QCoreApplication::postEvent(tree, new QKeyEvent(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier));
     QTRY_VERIFY(window->Help() && window->Help()->isVisible());
     QCOMPARE(window->Help()->CurrentPage(), QStringLiteral("planning.html"));
 }
