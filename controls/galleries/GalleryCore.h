@@ -1,5 +1,7 @@
 #pragma once
 
+#include "foundations/MemberEntry.h"
+
 #include "foundations/VBTreeWidget.h"
 #include "galleries/GalleryTable.h"
 
@@ -44,6 +46,22 @@ public:
     // cboGroupByProperty, fraFilter with Timer1, cboProperty, cboOperator and
     // txtCriterion; every widget named as its member.
     void CreatePanel();
+    // Makes the panel and points the gallery's documented members of the same
+    // names at its widgets, so that every gallery offers them as its own.
+    template <class Gallery> void CreatePanelFor(Gallery& gallery) {
+        CreatePanel();
+        gallery.cmdShowHideFilter = cmdShowHideFilter;
+        gallery.lblFilterState = lblFilterState;
+        gallery.fraShowAs = fraShowAs;
+        gallery.optShowAsTree = optShowAsTree;
+        gallery.optShowAsList = optShowAsList;
+        gallery.cboGroupByProperty = cboGroupByProperty;
+        gallery.fraFilter = fraFilter;
+        gallery.Timer1 = Timer1;
+        gallery.cboProperty = cboProperty;
+        gallery.cboOperator = cboOperator;
+        gallery.txtCriterion = txtCriterion;
+    }
     QPushButton* cmdShowHideFilter = nullptr;
     QLabel* lblFilterState = nullptr;
     QGroupBox* fraShowAs = nullptr;
@@ -208,6 +226,22 @@ public:
 
     // A failure told to the user and the trace: the error line, then the box.
     static void Report(const QString& strText);
+    // A message of the data library, when there is one, reported under strPrefix.
+    static void ReportFailure(const QString& strPrefix, const QString& strErrorMessage) {
+        if (!strErrorMessage.isEmpty())
+            Report(strPrefix + strErrorMessage);
+    }
+    // What read takes from the selected node of tree, under the member's
+    // handler (an error box); the value's default when nothing is selected.
+    template <class T, class Read>
+    static T SelectedNodeValue(const MemberEntry& entry, const VBTreeWidget* tree, Read read) {
+        T value{};
+        entry.ErrorBox([&] {
+            if (const VBNode node = tree->SelectedItem())
+                value = read(node);
+        });
+        return value;
+    }
     // The "Confirm Delete" question (Yes/No/Cancel, No the default); True on Yes.
     static bool ConfirmDelete(const QString& strPrompt);
 

@@ -28,41 +28,27 @@ QString Btn(const char* key) {
     return QString::fromLatin1(key);
 }
 
-// A message of the data library, when there is one, to the error line and a box.
-void ReportFailure(const QString& strPrefix, const QString& strErrorMessage) {
-    if (!strErrorMessage.isEmpty())
-        GalleryCore::Report(strPrefix + strErrorMessage);
-}
 } // namespace
 
 // ---------------------------------------------------------------- Selection members
 
 QString ctlServiceGallery::SelectedItemKey() {
-    QString strKey;
-    Entry(QStringLiteral("SelectedItemKey")).Spelt().Enter().ErrorBox([&] {
-        if (const VBNode node = tvwServices->SelectedItem())
-            strKey = node.Key();
-    });
-    return strKey;
+    return GalleryCore::SelectedNodeValue<QString>(
+        Entry(QStringLiteral("SelectedItemKey")).Spelt().Enter(), tvwServices,
+        [](const VBNode& node) { return node.Key(); });
 }
 
 // A folder's picture is a key, not a number: that is reported as a type mismatch.
 qint16 ctlServiceGallery::SelectedItemImage() {
-    qint16 intImage = 0;
-    Entry(QStringLiteral("SelectedItemImage")).Spelt().Enter().ErrorBox([&] {
-        if (const VBNode node = tvwServices->SelectedItem())
-            intImage = VB::CInt(node.Image());
-    });
-    return intImage;
+    return GalleryCore::SelectedNodeValue<qint16>(
+        Entry(QStringLiteral("SelectedItemImage")).Spelt().Enter(), tvwServices,
+        [](const VBNode& node) { return VB::CInt(node.Image()); });
 }
 
 QString ctlServiceGallery::SelectedItemText() {
-    QString strText;
-    Entry(QStringLiteral("SelectedItemText")).Spelt().Enter().ErrorBox([&] {
-        if (const VBNode node = tvwServices->SelectedItem())
-            strText = node.Text();
-    });
-    return strText;
+    return GalleryCore::SelectedNodeValue<QString>(
+        Entry(QStringLiteral("SelectedItemText")).Spelt().Enter(), tvwServices,
+        [](const VBNode& node) { return node.Text(); });
 }
 
 // The id of the selected tree node (its fifth key field); empty for none.
@@ -201,7 +187,8 @@ void ctlServiceGallery::mnuRightCLickNew_Click() {
     Entry(QStringLiteral("mnuRightCLickNew_Click")).Spelt().Enter().ErrorBox([&] {
         QString strErrorMessage;
         NewService(strErrorMessage);
-        ReportFailure(kPrefix + QStringLiteral("mnuRightCLickNew_Click: "), strErrorMessage);
+        GalleryCore::ReportFailure(kPrefix + QStringLiteral("mnuRightCLickNew_Click: "),
+                                   strErrorMessage);
     });
 }
 
@@ -209,7 +196,8 @@ void ctlServiceGallery::mnuRightClickTypeNew_Click() {
     Entry(QStringLiteral("mnuRightClickTypeNew_Click")).Spelt().Enter().ErrorBox([&] {
         QString strErrorMessage;
         NewService(strErrorMessage);
-        ReportFailure(kPrefix + QStringLiteral("mnuRightClickTypeNew_Click: "), strErrorMessage);
+        GalleryCore::ReportFailure(kPrefix + QStringLiteral("mnuRightClickTypeNew_Click: "),
+                                   strErrorMessage);
     });
 }
 
@@ -280,7 +268,7 @@ void ctlServiceGallery::PrintShortCuts() {
         DataAccess::Instance().PrintServiceShortCuts(VB::CLng(VB::Mid(item.Key(), 9)),
                                                      strErrorMessage);
     }
-    ReportFailure(kPrefix + QStringLiteral("Toolbar2_ButtonClick: "), strErrorMessage);
+    GalleryCore::ReportFailure(kPrefix + QStringLiteral("Toolbar2_ButtonClick: "), strErrorMessage);
 }
 
 void ctlServiceGallery::ImportServices() {
@@ -294,7 +282,7 @@ void ctlServiceGallery::ImportServices() {
     const QString strKey = selected ? selected.Key() : QString();
     strLastClickedKey.clear();
     ShowServices(strKey, strErrorMessage);
-    ReportFailure(kPrefix + QStringLiteral("Toolbar2_ButtonClick: "), strErrorMessage);
+    GalleryCore::ReportFailure(kPrefix + QStringLiteral("Toolbar2_ButtonClick: "), strErrorMessage);
 }
 
 // ---------------------------------------------------------------- Delete
@@ -319,7 +307,8 @@ void ctlServiceGallery::DeleteFromToolbar() {
     if (VB::IsNumeric(strIDs)) {
         QString strErrorMessage;
         DataAccess::Instance().DeleteService(VB::CLng(strIDs), strErrorMessage);
-        ReportFailure(kPrefix + QStringLiteral("Toolbar2_ButtonClick: "), strErrorMessage);
+        GalleryCore::ReportFailure(kPrefix + QStringLiteral("Toolbar2_ButtonClick: "),
+                                   strErrorMessage);
     } else {
         DeleteGroupOfServices(strIDs);
     }
@@ -510,7 +499,7 @@ void ctlServiceGallery::ExportSelection() {
             return;
         QString strErrorMessage;
         DataAccess::Instance().ExportServices(strIDs, strDescription, strErrorMessage);
-        ReportFailure(kPrefix + QStringLiteral("ExportSelection: "), strErrorMessage);
+        GalleryCore::ReportFailure(kPrefix + QStringLiteral("ExportSelection: "), strErrorMessage);
     });
 }
 

@@ -105,18 +105,7 @@ void ctlServiceGallery::CreateWidgets() {
     ImageList1->Add(QStringLiteral("imgFolderOpen"), StandardIcons::FolderOpen());
     ImageList1->Add(QStringLiteral("imgService"), StandardIcons::ServiceTemplate());
 
-    m_core->CreatePanel();
-    cmdShowHideFilter = m_core->cmdShowHideFilter;
-    lblFilterState = m_core->lblFilterState;
-    fraShowAs = m_core->fraShowAs;
-    optShowAsTree = m_core->optShowAsTree;
-    optShowAsList = m_core->optShowAsList;
-    cboGroupByProperty = m_core->cboGroupByProperty;
-    fraFilter = m_core->fraFilter;
-    Timer1 = m_core->Timer1;
-    cboProperty = m_core->cboProperty;
-    cboOperator = m_core->cboOperator;
-    txtCriterion = m_core->txtCriterion;
+    m_core->CreatePanelFor(*this);
 
     tvwServices = new VBTreeWidget(this);
     tvwServices->setObjectName(QStringLiteral("tvwServices"));

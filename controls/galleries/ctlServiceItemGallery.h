@@ -295,8 +295,6 @@ private:
     // The id of the selection of the shown view (a tree key's fifth field, a list
     // key's second); empty when nothing is selected.
     QString SelectedIdOfShownView() const;
-    // A failure of a data library call told with its prefix to the user and the trace.
-    static void ReportFailure(const QString& strPrefix, const QString& strErrorMessage);
 
     // State.
     std::unique_ptr<GalleryCore> m_core;

@@ -94,7 +94,7 @@ void ctlServiceItemGallery::mnuSIOpen_Click() {
             return;
         QString strErrorMessage;
         DataAccess::Instance().RunServiceItem(VB::CLng(strID), strErrorMessage);
-        ReportFailure(QStringLiteral("mnuSIOpen_Click: "), strErrorMessage);
+        GalleryCore::ReportFailure(QStringLiteral("mnuSIOpen_Click: "), strErrorMessage);
     });
 }
 
@@ -158,7 +158,7 @@ void ctlServiceItemGallery::EditSelection() {
         QString strErrorMessage;
         DataAccess::Instance().GetServiceItemFileName(lngID, strErrorMessage, strFileName);
         if (!strErrorMessage.isEmpty()) {
-            ReportFailure(
+            GalleryCore::ReportFailure(
                 QStringLiteral("QVLTCONTROLS:ctlServiceItemGallery:Toolbar2_ButtonClick ; "),
                 strErrorMessage);
             return;
@@ -184,7 +184,9 @@ void ctlServiceItemGallery::EditSelection() {
 void ctlServiceItemGallery::ImportServiceItem() {
     const QString strPrefix =
         QStringLiteral("QVLTCONTROLS:ctlServiceItemGallery:Toolbar2_ButtonClick: ");
-    auto report = [&](const QString& strMessage) { ReportFailure(strPrefix, strMessage); };
+    auto report = [&](const QString& strMessage) {
+        GalleryCore::ReportFailure(strPrefix, strMessage);
+    };
     QString strErrorMessage;
     DataAccess::Instance().ImportFile(QString(), strErrorMessage);
     if (!strErrorMessage.isEmpty()) {
@@ -358,8 +360,9 @@ void ctlServiceItemGallery::NewServiceItem(qint32 SIType) {
             qint32 lngNewID = 0;
             DataAccess::Instance().AddServiceItem(QString(), QString(), QString(), SIType,
                                                   strErrorMessage, true, lngNewID);
-            ReportFailure(QStringLiteral("QVLTCONTROLS:ctlServiceItemGallery:NewServiceItem: "),
-                          strErrorMessage);
+            GalleryCore::ReportFailure(
+                QStringLiteral("QVLTCONTROLS:ctlServiceItemGallery:NewServiceItem: "),
+                strErrorMessage);
             ShowServiceItems();
             SelectServiceItem(lngNewID);
             emit NewServiceItemAdded(lngNewID);
@@ -458,10 +461,4 @@ void ctlServiceItemGallery::SortChildrenOf(const QString& strKey) {
 QString ctlServiceItemGallery::SelectedIdOfShownView() const {
     const VBNode node = m_core->ShownSelection();
     return node ? m_core->IdOf(m_core->ShownView(), node.Key()) : QString();
-}
-
-void ctlServiceItemGallery::ReportFailure(const QString& strPrefix,
-                                          const QString& strErrorMessage) {
-    if (!strErrorMessage.isEmpty())
-        GalleryCore::Report(strPrefix + strErrorMessage);
 }

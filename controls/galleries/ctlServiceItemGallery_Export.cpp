@@ -37,8 +37,9 @@ void ctlServiceItemGallery::ExportSelection() {
             return;
         QString strErrorMessage;
         DataAccess::Instance().ExportServiceItems(strIDs, strDescription, strErrorMessage);
-        ReportFailure(QStringLiteral("QVLTCONTROLS:ctlServiceItemGallery:ExportSelection : "),
-                      strErrorMessage);
+        GalleryCore::ReportFailure(
+            QStringLiteral("QVLTCONTROLS:ctlServiceItemGallery:ExportSelection : "),
+            strErrorMessage);
     });
 }
 
@@ -62,7 +63,8 @@ void ctlServiceItemGallery::PrintSelection() {
             const qint32 lngID = VB::CLng(SelectedIdOfShownView());
             QString strErrorMessage;
             DataAccess::Instance().PrintServiceItem(lngID, strErrorMessage);
-            ReportFailure(QStringLiteral("QVLTCONTROLS:ctlServiceItemGallery:PrintSelection : "),
-                          strErrorMessage);
+            GalleryCore::ReportFailure(
+                QStringLiteral("QVLTCONTROLS:ctlServiceItemGallery:PrintSelection : "),
+                strErrorMessage);
         });
 }

@@ -111,18 +111,7 @@ void ctlServiceItemGallery::CreateWidgets() {
     imlServiceItems = new VBImageList(QStringLiteral("imlServiceItems"), this);
     StandardIcons::FillServiceItemImages(*imlServiceItems);
 
-    m_core->CreatePanel();
-    cmdShowHideFilter = m_core->cmdShowHideFilter;
-    lblFilterState = m_core->lblFilterState;
-    fraShowAs = m_core->fraShowAs;
-    optShowAsTree = m_core->optShowAsTree;
-    optShowAsList = m_core->optShowAsList;
-    cboGroupByProperty = m_core->cboGroupByProperty;
-    fraFilter = m_core->fraFilter;
-    Timer1 = m_core->Timer1;
-    cboProperty = m_core->cboProperty;
-    cboOperator = m_core->cboOperator;
-    txtCriterion = m_core->txtCriterion;
+    m_core->CreatePanelFor(*this);
     Label1 = Named(new QLabel(QStringLiteral("Quick Filter:"), this), QStringLiteral("Label1"));
     Label2 = Named(new QLabel(QStringLiteral("Not available when using main filter"), this),
                    QStringLiteral("Label2"));

@@ -179,7 +179,8 @@ void ctlServiceItemGallery::lvwServiceItems_DblClick() {
                 VB::CLng(VB::Right(strKey, VB::InStr(strKey, QStringLiteral(";")) - 1));
             QString strErrorMessage;
             DataAccess::Instance().RunServiceItem(lngID, strErrorMessage);
-            ReportFailure(QStringLiteral("lvwServiceItems_DblClick: "), strErrorMessage);
+            GalleryCore::ReportFailure(QStringLiteral("lvwServiceItems_DblClick: "),
+                                       strErrorMessage);
             return;
         }
         emit SIDblClicked(VB::CLng(item.Tag()));

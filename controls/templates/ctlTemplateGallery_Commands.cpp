@@ -25,39 +25,27 @@ QString Btn(const char* key) {
     return QString::fromLatin1(key);
 }
 
-void ReportFailure(const QString& strPrefix, const QString& strErrorMessage) {
-    if (!strErrorMessage.isEmpty())
-        GalleryCore::Report(strPrefix + strErrorMessage);
-}
 } // namespace
 
 // ---------------------------------------------------------------- Selection members
 
 QString ctlTemplateGallery::SelectedItemKey() {
-    QString strKey;
-    Entry(QStringLiteral("SelectedItemKey")).Spelt().Enter().ErrorBox([&] {
-        if (const VBNode node = tvwTemplates->SelectedItem())
-            strKey = node.Key();
-    });
-    return strKey;
+    return GalleryCore::SelectedNodeValue<QString>(
+        Entry(QStringLiteral("SelectedItemKey")).Spelt().Enter(), tvwTemplates,
+        [](const VBNode& node) { return node.Key(); });
 }
 
+// A folder's picture is a key, not a number: that is reported as a type mismatch.
 qint16 ctlTemplateGallery::SelectedItemImage() {
-    qint16 intImage = 0;
-    Entry(QStringLiteral("SelectedItemImage")).Spelt().Enter().ErrorBox([&] {
-        if (const VBNode node = tvwTemplates->SelectedItem())
-            intImage = VB::CInt(node.Image());
-    });
-    return intImage;
+    return GalleryCore::SelectedNodeValue<qint16>(
+        Entry(QStringLiteral("SelectedItemImage")).Spelt().Enter(), tvwTemplates,
+        [](const VBNode& node) { return VB::CInt(node.Image()); });
 }
 
 QString ctlTemplateGallery::SelectedItemText() {
-    QString strText;
-    Entry(QStringLiteral("SelectedItemText")).Spelt().Enter().ErrorBox([&] {
-        if (const VBNode node = tvwTemplates->SelectedItem())
-            strText = node.Text();
-    });
-    return strText;
+    return GalleryCore::SelectedNodeValue<QString>(
+        Entry(QStringLiteral("SelectedItemText")).Spelt().Enter(), tvwTemplates,
+        [](const VBNode& node) { return node.Text(); });
 }
 
 qint32 ctlTemplateGallery::SelectedTemplateId() const {
@@ -118,7 +106,7 @@ void ctlTemplateGallery::OpenTemplate(qint32 lngTemplateID, const QString& strPr
     QVariant varUnused;
     DataAccess::Instance().OpenTemplate(lngTemplateID, false, QString(), QString(), true,
                                         strErrorMessage, varUnused);
-    ReportFailure(strPrefix, strErrorMessage);
+    GalleryCore::ReportFailure(strPrefix, strErrorMessage);
     if (blnDoubleClick)
         emit TemplateDblClicked(lngTemplateID);
 }
@@ -232,7 +220,8 @@ void ctlTemplateGallery::NewFromToolbar() {
     qint32 lngNewID = 0;
     da.NewTemplate(true, strErrorMessage, lngNewID);
     if (!strErrorMessage.isEmpty()) {
-        ReportFailure(QStringLiteral("ctlTemplateGallery:Toolbar2_ButtonClick:"), strErrorMessage);
+        GalleryCore::ReportFailure(QStringLiteral("ctlTemplateGallery:Toolbar2_ButtonClick:"),
+                                   strErrorMessage);
         return;
     }
     ShowTemplates();

@@ -108,18 +108,7 @@ void ctlTemplateGallery::CreateWidgets() {
     ImageList1->Add(QStringLiteral("imgServiceTemplate"), StandardIcons::ServiceTemplate());
     ImageList1->Add(QStringLiteral("imgServiceItemTemplate"), StandardIcons::ServiceItemTemplate());
 
-    m_core->CreatePanel();
-    cmdShowHideFilter = m_core->cmdShowHideFilter;
-    lblFilterState = m_core->lblFilterState;
-    fraShowAs = m_core->fraShowAs;
-    optShowAsTree = m_core->optShowAsTree;
-    optShowAsList = m_core->optShowAsList;
-    cboGroupByProperty = m_core->cboGroupByProperty;
-    fraFilter = m_core->fraFilter;
-    Timer1 = m_core->Timer1;
-    cboProperty = m_core->cboProperty;
-    cboOperator = m_core->cboOperator;
-    txtCriterion = m_core->txtCriterion;
+    m_core->CreatePanelFor(*this);
 
     tvwTemplates = new VBTreeWidget(this);
     tvwTemplates->setObjectName(QStringLiteral("tvwTemplates"));
