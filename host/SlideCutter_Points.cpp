@@ -67,12 +67,17 @@ QList<QSet<int>> steps(const Outline& outline, int mode, bool revealSubs) {
 } // namespace
 
 QList<Slide> SlideCutter::CutPoints(const RunItem& item) const {
+    // An item that names no points mode of its own runs as the options say,
+    // both the mode and whether sub-points come one by one.
     int mode = item.textViewMode;
-    if (mode < 4 || mode > 6)
+    bool blnSubPointsOneByOne = item.revealSubPointsOneByOne;
+    if (mode < 4 || mode > 6) {
         mode = m_look.pointDisplayMode;
+        blnSubPointsOneByOne = m_look.revealSubPointsOneByOne;
+    }
     const Outline outline = outlineOf(item.points);
     QList<Slide> slides;
-    for (const QSet<int>& shown : steps(outline, mode, item.revealSubPointsOneByOne)) {
+    for (const QSet<int>& shown : steps(outline, mode, blnSubPointsOneByOne)) {
         Slide slide = Base(item);
         slide.kind = Slide::Kind::Points;
         slide.points = visible(outline, shown);

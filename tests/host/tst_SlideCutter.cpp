@@ -193,6 +193,27 @@ private slots:
         QCOMPARE(slides.first().points.size(), 4);
     }
 
+    void pointsModeOutsidePointsTakesTheOptionsSubPointsOneByOne() {
+        RunLook look;
+        look.pointDisplayMode = 4;
+        look.revealSubPointsOneByOne = true;
+        const QList<Slide> slides = SlideCutter(look, {}).Cut(pointsItem(0, false));
+        QStringList shown;
+        for (const Slide& slide : slides)
+            shown << pointTexts(slide);
+        QCOMPARE(shown,
+                 QStringList({QStringLiteral("0One"), QStringLiteral("0One|1One a"),
+                              QStringLiteral("0One|1One a|1One b"), QStringLiteral("0Two")}));
+    }
+
+    void itemsOwnPointsModeKeepsItsOwnSubPointsSetting() {
+        RunLook look;
+        look.revealSubPointsOneByOne = true;
+        const QList<Slide> slides = SlideCutter(look, {}).Cut(pointsItem(4, false));
+        QCOMPARE(slides.size(), 2);
+        QCOMPARE(pointTexts(slides.at(0)), QStringLiteral("0One|1One a|1One b"));
+    }
+
     void pointsListWithoutPointsRunsAsText() {
         RunItem item = pointsItem(4, false);
         item.points.clear();
