@@ -7,6 +7,7 @@
 #include "foundations/MemberEntry.h"
 #include "foundations/Platform.h"
 #include "foundations/VBConstants.h"
+#include "foundations/VBImageList.h"
 #include "foundations/VBRuntime.h"
 #include "foundations/VBToolBar.h"
 #include "foundations/modQVLTControls.h"
@@ -22,6 +23,7 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyle>
 #include <QTimer>
 
 using namespace modQVLTControls;
@@ -472,4 +474,22 @@ bool GalleryCore::ConfirmDelete(const QString& strPrompt) {
 void GalleryCore::Report(const QString& strText) {
     TraceLog::Instance().WriteErrorLine(strText);
     Platform::Current().MsgBox(strText);
+}
+
+void GalleryCore::CreateToolbar(QWidget* owner, VBImageList*& imlToolBar, VBToolBar*& Toolbar2,
+                                std::initializer_list<ToolbarButtonSpec> buttons) {
+    imlToolBar = new VBImageList(QStringLiteral("imlToolBar"), owner);
+    Toolbar2 = new VBToolBar(owner);
+    Toolbar2->setObjectName(QStringLiteral("Toolbar2"));
+    // The buttons carry pictures and tool tips; their texts would not fit the bar's height.
+    Toolbar2->setToolButtonStyle(Qt::ToolButtonIconOnly);
+    for (const ToolbarButtonSpec& b : buttons) {
+        const QString strImage = QString::fromLatin1(b.image);
+        const QString strTip = QString::fromLatin1(b.tip);
+        imlToolBar->Add(strImage, owner->style()->standardIcon(b.picture).pixmap(16, 16));
+        QAction* button = Toolbar2->AddButton(QString::fromLatin1(b.key), strTip,
+                                              QIcon(imlToolBar->ListImage(strImage)));
+        button->setToolTip(strTip);
+    }
+    SetToolbar(Toolbar2);
 }

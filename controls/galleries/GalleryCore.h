@@ -11,6 +11,7 @@
 #include <QRadioButton>
 #include <QString>
 #include <QStringList>
+#include <QStyle>
 #include <QTimer>
 
 #include <functional>
@@ -21,6 +22,7 @@ class QKeyEvent;
 class QLabel;
 class QMouseEvent;
 class QWidget;
+class VBImageList;
 class VBToolBar;
 
 // The working parts that every gallery shares, told once: the tree and list
@@ -127,6 +129,19 @@ public:
         m_list = list;
     }
     void SetToolbar(VBToolBar* toolbar) { m_toolbar = toolbar; }
+    // One toolbar button: its key, tool tip, picture name in imlToolBar and
+    // the standard picture drawn for it.
+    struct ToolbarButtonSpec {
+        const char* key;
+        const char* tip;
+        const char* image;
+        QStyle::StandardPixmap picture;
+    };
+    // Makes imlToolBar and Toolbar2 on owner, a button with its picture and
+    // tool tip for each spec, pictures only, and takes the toolbar for the
+    // button switch.
+    void CreateToolbar(QWidget* owner, VBImageList*& imlToolBar, VBToolBar*& Toolbar2,
+                       std::initializer_list<ToolbarButtonSpec> buttons);
     bool TreeShown() const { return !m_tree->isHidden(); }
     // The tree unless it is hidden, then the list.
     VBTreeWidget* ShownView() const { return TreeShown() ? m_tree : m_list; }

@@ -125,39 +125,21 @@ void ctlServiceGallery::CreateWidgets() {
 }
 
 void ctlServiceGallery::CreateToolbar() {
-    imlToolBar = new VBImageList(QStringLiteral("imlToolBar"), this);
-    Toolbar2 = new VBToolBar(this);
-    Toolbar2->setObjectName(QStringLiteral("Toolbar2"));
-    Toolbar2->setToolButtonStyle(Qt::ToolButtonIconOnly);
     // The tool tips keep the words of the service item gallery.
-    struct Button {
-        const char* key;
-        const char* tip;
-        const char* image;
-        QStyle::StandardPixmap picture;
-    };
-    static const Button buttons[] = {
-        {"btnNew", "Create a New Service Item", "imgNew", QStyle::SP_FileIcon},
-        {"btnOpen", "Open Selected Service Item", "imgRun", QStyle::SP_MediaPlay},
-        {"btnDelete", "Delete Selected Service Item", "imgDelete", QStyle::SP_TrashIcon},
-        {"btnProperties", "View Properties of Selected Service Item", "imgProperties",
-         QStyle::SP_FileDialogInfoView},
-        {"btnPrint", "Run Print Wizard for Selected Service Item", "imgPrint",
-         QStyle::SP_DialogSaveButton},
-        {"btnPrintShortCuts", "Print Short-cuts for this Service", "imgPrintShortCuts",
-         QStyle::SP_FileDialogListView},
-        {"btnExport", "Export Selected Service Item", "imgExport", QStyle::SP_ArrowUp},
-        {"btnImport", "Import a Service Item", "imgImport", QStyle::SP_ArrowDown},
-        {"btnHelp", "Get Help", "imgHelp", QStyle::SP_DialogHelpButton}};
-    for (const Button& b : buttons) {
-        const QString strImage = QString::fromLatin1(b.image);
-        imlToolBar->Add(strImage, style()->standardIcon(b.picture).pixmap(16, 16));
-        QAction* button =
-            Toolbar2->AddButton(QString::fromLatin1(b.key), QString::fromLatin1(b.tip),
-                                QIcon(imlToolBar->ListImage(strImage)));
-        button->setToolTip(QString::fromLatin1(b.tip));
-    }
-    m_core->SetToolbar(Toolbar2);
+    m_core->CreateToolbar(
+        this, imlToolBar, Toolbar2,
+        {{"btnNew", "Create a New Service Item", "imgNew", QStyle::SP_FileIcon},
+         {"btnOpen", "Open Selected Service Item", "imgRun", QStyle::SP_MediaPlay},
+         {"btnDelete", "Delete Selected Service Item", "imgDelete", QStyle::SP_TrashIcon},
+         {"btnProperties", "View Properties of Selected Service Item", "imgProperties",
+          QStyle::SP_FileDialogInfoView},
+         {"btnPrint", "Run Print Wizard for Selected Service Item", "imgPrint",
+          QStyle::SP_DialogSaveButton},
+         {"btnPrintShortCuts", "Print Short-cuts for this Service", "imgPrintShortCuts",
+          QStyle::SP_FileDialogListView},
+         {"btnExport", "Export Selected Service Item", "imgExport", QStyle::SP_ArrowUp},
+         {"btnImport", "Import a Service Item", "imgImport", QStyle::SP_ArrowDown},
+         {"btnHelp", "Get Help", "imgHelp", QStyle::SP_DialogHelpButton}});
 }
 
 void ctlServiceGallery::CreateMenus() {

@@ -167,37 +167,20 @@ void ctlServiceItemGallery::CreateWidgets() {
 }
 
 void ctlServiceItemGallery::CreateToolbar() {
-    imlToolBar = new VBImageList(QStringLiteral("imlToolBar"), this);
-    Toolbar2 = Named(new VBToolBar(this), QStringLiteral("Toolbar2"));
-    // The buttons carry pictures and tool tips; their texts would not fit the bar's height.
-    Toolbar2->setToolButtonStyle(Qt::ToolButtonIconOnly);
-    const QList<QPair<QString, QString>> lstButtons = {
-        {QStringLiteral("btnNew"), QStringLiteral("Create a New Service Item")},
-        {QStringLiteral("btnRun"), QStringLiteral("Run Selected Service Item")},
-        {QStringLiteral("btnDelete"), QStringLiteral("Delete Selected Service Item")},
-        {QStringLiteral("btnEdit"), QStringLiteral("Edit selected Service Item")},
-        {QStringLiteral("btnProperties"),
-         QStringLiteral("View Properties of Selected Service Item")},
-        {QStringLiteral("btnPrint"), QStringLiteral("Run Print Wizard for Selected Service Item")},
-        {QStringLiteral("btnRefresh"), QStringLiteral("Refresh list")},
-        {QStringLiteral("btnExport"), QStringLiteral("Export Selected Service Item")},
-        {QStringLiteral("btnImport"), QStringLiteral("Import a Service Item")},
-        {QStringLiteral("btnHelp"), QStringLiteral("Get Help")}};
-    const QList<QStyle::StandardPixmap> lstPictures = {
-        QStyle::SP_FileIcon,           QStyle::SP_MediaPlay,
-        QStyle::SP_TrashIcon,          QStyle::SP_FileDialogDetailedView,
-        QStyle::SP_FileDialogInfoView, QStyle::SP_DialogSaveButton,
-        QStyle::SP_BrowserReload,      QStyle::SP_ArrowUp,
-        QStyle::SP_ArrowDown,          QStyle::SP_DialogHelpButton};
-    for (qsizetype i = 0; i < lstButtons.size(); ++i) {
-        const QString strKey = lstButtons.at(i).first;
-        const QString strImage = QStringLiteral("img") + strKey.mid(3);
-        imlToolBar->Add(strImage, style()->standardIcon(lstPictures.at(i)).pixmap(16, 16));
-        QAction* button = Toolbar2->AddButton(strKey, lstButtons.at(i).second,
-                                              QIcon(imlToolBar->ListImage(strImage)));
-        button->setToolTip(lstButtons.at(i).second);
-    }
-    m_core->SetToolbar(Toolbar2);
+    m_core->CreateToolbar(
+        this, imlToolBar, Toolbar2,
+        {{"btnNew", "Create a New Service Item", "imgNew", QStyle::SP_FileIcon},
+         {"btnRun", "Run Selected Service Item", "imgRun", QStyle::SP_MediaPlay},
+         {"btnDelete", "Delete Selected Service Item", "imgDelete", QStyle::SP_TrashIcon},
+         {"btnEdit", "Edit selected Service Item", "imgEdit", QStyle::SP_FileDialogDetailedView},
+         {"btnProperties", "View Properties of Selected Service Item", "imgProperties",
+          QStyle::SP_FileDialogInfoView},
+         {"btnPrint", "Run Print Wizard for Selected Service Item", "imgPrint",
+          QStyle::SP_DialogSaveButton},
+         {"btnRefresh", "Refresh list", "imgRefresh", QStyle::SP_BrowserReload},
+         {"btnExport", "Export Selected Service Item", "imgExport", QStyle::SP_ArrowUp},
+         {"btnImport", "Import a Service Item", "imgImport", QStyle::SP_ArrowDown},
+         {"btnHelp", "Get Help", "imgHelp", QStyle::SP_DialogHelpButton}});
 }
 
 QAction* ctlServiceItemGallery::ToolbarButton(const QString& strKey) const {

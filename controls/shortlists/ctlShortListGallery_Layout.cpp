@@ -98,29 +98,11 @@ void ctlShortListGallery::CreateWidgets() {
 }
 
 void ctlShortListGallery::CreateToolbar() {
-    imlToolBar = new VBImageList(QStringLiteral("imlToolBar"), this);
-    Toolbar2 = new VBToolBar(this);
-    Toolbar2->setObjectName(QStringLiteral("Toolbar2"));
-    Toolbar2->setToolButtonStyle(Qt::ToolButtonIconOnly);
-    struct Button {
-        const char* key;
-        const char* tip;
-        const char* image;
-        QStyle::StandardPixmap picture;
-    };
-    static const Button buttons[] = {
-        {"btnNew", "Create a New Shortlist", "imgNew", QStyle::SP_FileIcon},
-        {"btnDelete", "Delete Selected Shortlist", "imgDelete", QStyle::SP_TrashIcon},
-        {"btnHelp", "Get Help", "imgHelp", QStyle::SP_DialogHelpButton}};
-    for (const Button& b : buttons) {
-        const QString strImage = QString::fromLatin1(b.image);
-        imlToolBar->Add(strImage, style()->standardIcon(b.picture).pixmap(16, 16));
-        QAction* button =
-            Toolbar2->AddButton(QString::fromLatin1(b.key), QString::fromLatin1(b.tip),
-                                QIcon(imlToolBar->ListImage(strImage)));
-        button->setToolTip(QString::fromLatin1(b.tip));
-    }
-    m_core->SetToolbar(Toolbar2);
+    m_core->CreateToolbar(
+        this, imlToolBar, Toolbar2,
+        {{"btnNew", "Create a New Shortlist", "imgNew", QStyle::SP_FileIcon},
+         {"btnDelete", "Delete Selected Shortlist", "imgDelete", QStyle::SP_TrashIcon},
+         {"btnHelp", "Get Help", "imgHelp", QStyle::SP_DialogHelpButton}});
     // Nothing is selected yet, so there is nothing to delete.
     m_core->SetButtons({QStringLiteral("btnDelete")}, false);
 }
