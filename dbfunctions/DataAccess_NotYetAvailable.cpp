@@ -42,16 +42,6 @@ void DataAccess::AddBrowserButtonsToWord(QString& strErrorMessage) {
                     QStringLiteral("Adding the browser buttons to the word processor"));
 }
 
-void DataAccess::LoadFileIntoRichText(const QString& strFile, QTextEdit* objRichText,
-                                      QString& strErrorMessage, QVariant&) {
-    LoadFileIntoRichText(strFile, objRichText, strErrorMessage);
-}
-
-void DataAccess::LoadFileIntoRichText(const QString&, QTextEdit*, QString& strErrorMessage) {
-    P::NotAvailable(strErrorMessage, "LoadFileIntoRichText",
-                    QStringLiteral("Loading a document into the text box"));
-}
-
 void DataAccess::PrintService(qint32, QString& strErrorMessage) {
     P::NotAvailable(strErrorMessage, "PrintService", QStringLiteral("The print wizard"));
 }
