@@ -14,6 +14,9 @@
 class MediaSound;
 class QWidget;
 struct ShortListChoice;
+namespace ServiceItemPick {
+struct Choice;
+}
 namespace SongBreakdown {
 struct Breakdown;
 }
@@ -144,6 +147,12 @@ public:
     // returns its ShortListID, 0 for Cancel. The Qt platform shows
     // ShortListPickerDialog.
     virtual qint32 SelectShortList(const QList<ShortListChoice>& choices);
+
+    // Lets the user choose one service item of a type (ServiceItemPicker.h);
+    // returns its ServiceItemID, 0 for Cancel. The Qt platform shows
+    // ServiceItemPickerDialog.
+    virtual qint32 PickServiceItem(const QString& strTypeName,
+                                   const QList<ServiceItemPick::Choice>& choices);
 
     // The song breakdown wizard (SongBreakdownWizard.h) over the breakdown
     // proposed for a song; true when the user finished, the breakdown then

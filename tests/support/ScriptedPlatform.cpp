@@ -20,6 +20,9 @@ ScriptedPlatform::~ScriptedPlatform() {
     if (!m_shortListChoices.isEmpty() && !alreadyFailed)
         fail(QStringLiteral("%1 queued short-list choice(s) never used")
                  .arg(m_shortListChoices.size()));
+    if (!m_serviceItemChoices.isEmpty() && !alreadyFailed)
+        fail(QStringLiteral("%1 queued service item choice(s) never used")
+                 .arg(m_serviceItemChoices.size()));
     if (!m_songBreakdowns.isEmpty() && !alreadyFailed)
         fail(QStringLiteral("%1 queued song breakdown answer(s) never used")
                  .arg(m_songBreakdowns.size()));
@@ -348,6 +351,7 @@ void ScriptedPlatform::ClearRecords() {
     m_monitorInfoCalls.clear();
     m_soundCalls->clear();
     m_shortListOffers.clear();
+    m_serviceItemOffers.clear();
     m_songBreakdownOffers.clear();
 }
 
@@ -360,6 +364,18 @@ qint32 ScriptedPlatform::SelectShortList(const QList<ShortListChoice>& choices) 
         return 0;
     }
     return m_shortListChoices.takeFirst();
+}
+
+// ---- Service item picker -----------------------------------------------------------
+
+qint32 ScriptedPlatform::PickServiceItem(const QString& strTypeName,
+                                         const QList<ServiceItemPick::Choice>& choices) {
+    m_serviceItemOffers.append({strTypeName, choices});
+    if (m_serviceItemChoices.isEmpty()) {
+        fail(QStringLiteral("unexpected service item picker (no choice queued)"));
+        return 0;
+    }
+    return m_serviceItemChoices.takeFirst();
 }
 
 // ---- Song breakdown wizard ------------------------------------------------------

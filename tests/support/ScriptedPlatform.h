@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ServiceItemPick.h"
 #include "SongBreakdown.h"
 #include "foundations/MediaSound.h"
 #include "foundations/Platform.h"
@@ -154,6 +155,19 @@ public:
     // The short-lists each picker offered, in order.
     const QList<QList<ShortListChoice>>& ShortListOffers() const { return m_shortListOffers; }
 
+    // ---- Service item picker ----------------------------------------------------
+    // The id the next service item picker answers (0 is Cancel). A picker with
+    // nothing queued fails the test and answers 0.
+    void QueueServiceItemChoice(qint32 lngServiceItemID) {
+        m_serviceItemChoices.append(lngServiceItemID);
+    }
+    struct ServiceItemOffer {
+        QString TypeName;
+        QList<ServiceItemPick::Choice> Choices;
+    };
+    // What each picker offered, in order.
+    const QList<ServiceItemOffer>& ServiceItemOffers() const { return m_serviceItemOffers; }
+
     // ---- Song breakdown wizard ------------------------------------------------
     // What the next wizard does with the breakdown proposed: changes it (or
     // not) and answers true for Finish, false for Cancel. A wizard with nothing
@@ -200,6 +214,8 @@ public:
     qint32 SelectShortList(const QList<ShortListChoice>& choices) override;
     bool RunSongBreakdownWizard(const QString& strTitle,
                                 SongBreakdown::Breakdown& breakdown) override;
+    qint32 PickServiceItem(const QString& strTypeName,
+                           const QList<ServiceItemPick::Choice>& choices) override;
 
 private:
     void fail(const QString& strWhy);
@@ -237,6 +253,8 @@ private:
     QPointer<MediaSound> m_lastSound;
     QList<qint32> m_shortListChoices;
     QList<QList<ShortListChoice>> m_shortListOffers;
+    QList<qint32> m_serviceItemChoices;
+    QList<ServiceItemOffer> m_serviceItemOffers;
     QList<SongBreakdownAnswer> m_songBreakdowns;
     QList<SongBreakdownOffer> m_songBreakdownOffers;
     Platform* m_previous = nullptr;
