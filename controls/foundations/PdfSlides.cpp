@@ -1,6 +1,7 @@
 #include "foundations/PdfSlides.h"
 
 #include <QFileInfo>
+#include <QPainter>
 #include <QPdfDocument>
 
 namespace {
@@ -59,7 +60,13 @@ QImage PdfSlides::Render(int intPage, const QSize& szArea) {
     const auto kept = m_rendered.constFind(strKey);
     if (kept != m_rendered.constEnd())
         return *kept;
-    const QImage picture = m_document->render(intPage, size);
+    // A page is paper: what the PDF leaves transparent is white.
+    QImage picture(size, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    {
+        QPainter painter(&picture);
+        painter.drawImage(0, 0, m_document->render(intPage, size));
+    }
     m_rendered.insert(strKey, picture);
     m_renderedOrder.append(strKey);
     while (m_renderedOrder.size() > kKeptPictures)

@@ -188,6 +188,13 @@ private slots:
         const QImage page = slides.Render(1, QSize(800, 800));
         QCOMPARE(page.width(), 800); // 4:3 slides are as wide as the area
         QVERIFY(page.height() < 800);
+        // White paper with the slide's dark words on it.
+        QCOMPARE(page.pixelColor(0, 0), QColor(Qt::white));
+        bool dark = false;
+        for (int y = 0; y < page.height() && !dark; y += 2)
+            for (int x = 0; x < page.width() && !dark; x += 2)
+                dark = page.pixelColor(x, y).lightness() < 100;
+        QVERIFY(dark);
         QVERIFY(slides.Render(2, QSize(800, 800)).isNull());
         QVERIFY(!slides.Open(write("junk.pdf", "not a pdf"), error));
         QVERIFY(!error.isEmpty());
