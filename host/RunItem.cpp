@@ -1,6 +1,9 @@
 #include "RunItem.h"
 
 #include "DataAccess.h"
+#include "PresentationCache.h"
+#include "TraceLog.h"
+#include "foundations/PdfSlides.h"
 
 namespace {
 
@@ -56,6 +59,27 @@ void loadBackgrounds(RunItem& item) {
     }
 }
 
+// A presentation runs from the PDF of its slides, converted the first time it runs (or
+// is shown in the editor) and kept. One that cannot be converted runs as an empty slide; why
+// goes to the trace, not to the projector.
+void loadSlides(RunItem& item) {
+    QString err;
+    const QString pdf = PresentationCache::PdfFor(item.filePath, err);
+    PdfSlides slides;
+    if (err.isEmpty())
+        slides.Open(pdf, err);
+    if (!err.isEmpty()) {
+        TraceLog::Instance().WriteErrorLine(
+            QStringLiteral("Corvantis:RunItem:Load: the slides of service item %1 cannot be "
+                           "shown: %2")
+                .arg(item.serviceItemId)
+                .arg(err));
+        return;
+    }
+    item.slidesPdf = pdf;
+    item.slideCount = slides.Count();
+}
+
 void readFields(const Recordset& rs, RunItem& item) {
     item.typeId = static_cast<qint16>(rs.Fields(QStringLiteral("ServiceItemTypeID")).toInt());
     item.description = decoded(rs.Fields(QStringLiteral("ServiceItemDescription")));
@@ -93,7 +117,9 @@ bool RunItem::Load(qint32 lngServiceItemID, RunItem& item, QString& strErrorMess
     readFields(*rs, item);
     QString err;
     da.GetServiceItemFileName(lngServiceItemID, err, item.filePath);
-    if (!item.IsPicture() && item.typeId != 10) {
+    if (item.IsPresentation() && PresentationCache::IsPresentation(item.filePath))
+        loadSlides(item);
+    if (!item.IsPicture() && item.typeId != 10 && item.slideCount == 0) {
         bool hasVerses = false;
         da.ServiceItemHasVerses(lngServiceItemID, err, hasVerses);
         if (hasVerses)

@@ -36,9 +36,12 @@ struct RunItem {
     QList<Point> points;     // the points list
     QString filePath;        // picture, music or presentation file
     QStringList backgrounds; // the item's own background pictures
+    QString slidesPdf;       // a presentation's slides, converted to PDF
+    int slideCount = 0;      // pages of slidesPdf
 
     bool IsBlank() const { return serviceItemId == 1; }
     bool IsPicture() const { return typeId == 4 || typeId == 5; }
+    bool IsPresentation() const { return typeId == 12; }
     bool RunsAsPoints() const { return (runAsPointsList || typeId == 11) && !points.isEmpty(); }
 
     // Reads the item; false with strErrorMessage when it cannot be read.

@@ -19,6 +19,7 @@ struct Slide {
         Picture, // a picture scaled to fit
         Blank,   // the Blank item: background only
         End,     // past the last item of a service: background only
+        PdfPage, // one page of a presentation's slides, full screen
     };
 
     // The part types the console is told with each part change: 2 is a part
@@ -40,6 +41,10 @@ struct Slide {
     int partIndex = 0;     // 0-based part of the item
     int partCount = 1;
     int partType = PartNone;
+
+    // Kind::PdfPage: the PDF of the presentation's slides, and the page (from 0).
+    QString slidesPdf;
+    int slidePage = 0;
 
     bool IsLastPart() const { return partIndex >= partCount - 1; }
     // The words of the slide as one text (tests and the trace).

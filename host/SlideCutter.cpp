@@ -19,6 +19,8 @@ QList<Slide> SlideCutter::Cut(const RunItem& item) const {
         picture.secondsToShow = qMax(0, item.secondsToRun);
         return {picture};
     }
+    if (item.slideCount > 0)
+        return CutPresentation(item);
     if (!item.parts.isEmpty())
         return CutSong(item);
     if (item.RunsAsPoints())

@@ -12,6 +12,7 @@
 //    in which the parts are sung;
 //  - a points list by its view mode: one point at a time (4), revealed one by
 //    one (5) or all at start (6), sub-points one by one when the item says so;
+//  - a presentation one slide per page of its slides, full screen;
 //  - any other text by its view mode: entire (0), a number of lines at a time
 //    (1), a screenful at a time (2) or paragraph by paragraph (3).
 class SlideCutter {
@@ -32,6 +33,7 @@ private:
     QList<Slide> CutSong(const RunItem& item) const;
     QList<Slide> CutText(const RunItem& item) const;
     QList<Slide> CutPoints(const RunItem& item) const;
+    QList<Slide> CutPresentation(const RunItem& item) const;
     QList<QStringList> Pages(const RunItem& item, const QStringList& lines) const;
     static void Number(QList<Slide>& slides, int partType);
 

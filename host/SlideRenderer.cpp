@@ -112,6 +112,9 @@ void SlideRenderer::Paint(QPainter& painter, const QRect& rect, const Slide& sli
         PaintPicture(painter, slide.footer.isEmpty() ? rect : areas.body.united(areas.title),
                      slide);
         break;
+    case Slide::Kind::PdfPage:
+        PaintPdfPage(painter, rect, slide);
+        break;
     case Slide::Kind::Blank:
     case Slide::Kind::End:
         break;

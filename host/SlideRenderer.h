@@ -9,6 +9,10 @@
 #include <QRect>
 #include <QSize>
 
+#include <memory>
+
+class PdfSlides;
+
 class QPainter;
 
 // Draws a slide the way the projector shows it: the background colour and
@@ -54,6 +58,7 @@ private:
     QImage Picture(const QString& strPath);
     void PaintBackground(QPainter& painter, const QRect& rect, const Slide& slide, int index);
     void PaintPicture(QPainter& painter, const QRect& rect, const Slide& slide);
+    void PaintPdfPage(QPainter& painter, const QRect& rect, const Slide& slide);
     void PaintDetails(QPainter& painter, const Areas& areas, const Slide& slide) const;
     void PaintWords(QPainter& painter, const QRect& body, const Slide& slide, int intBase) const;
     void PaintPoints(QPainter& painter, const QRect& body, const Slide& slide, int intBase) const;
@@ -65,4 +70,5 @@ private:
     RunLook m_look;
     int m_sizeStep = 0;
     QHash<QString, QImage> m_pictures;
+    std::shared_ptr<PdfSlides> m_slides; // the presentation whose pages were drawn last
 };
