@@ -136,6 +136,7 @@ void ctlService::LoadContent() {
 void ctlService::ShowItemGallery() {
     if (fgItemsInService->isVisible()) {
         m_blnItemGalleryPending = true;
+        m_blnItemGalleryLoaded = false;
         fgItemsInService->viewport()->update();
         return;
     }

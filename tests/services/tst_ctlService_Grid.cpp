@@ -55,6 +55,7 @@ private slots:
     void aRowThatCannotBeStoredLeavesTheStoredRowsWholeAsBefore();
     void onScreenTheRowsShowFirstAndTheItemGalleryFillsInAfter();
     void offScreenTheItemGalleryLoadsWithTheRows();
+    void aServiceShownAgainOnScreenLoadsTheItemGalleryAgainAfterThePaint();
 
 private:
     // An editor showing the service on its Content tab.
@@ -586,6 +587,19 @@ void tst_ctlService_Grid::offScreenTheItemGalleryLoadsWithTheRows() {
     QVERIFY(std::any_of(keys.begin(), keys.end(), [&](const QString& key) {
         return key.endsWith(QString(";;SI;%1").arg(m_lib.notices));
     }));
+}
+
+void tst_ctlService_Grid::aServiceShownAgainOnScreenLoadsTheItemGalleryAgainAfterThePaint() {
+    const qint32 empty = m_db->AddService("Empty");
+    ctlService ctl;
+    ctl.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&ctl));
+    Open(ctl, empty);
+    QTRY_VERIFY(ctl.ItemGalleryLoaded());
+    Show(ctl, m_lib.service);
+    QVERIFY(!ctl.ItemGalleryLoaded());
+    QCOMPARE(Ids(ctl), QStringList({Id(m_lib.grace), "1", Id(m_lib.francis)}));
+    QTRY_VERIFY(ctl.ItemGalleryLoaded());
 }
 
 QTEST_MAIN(tst_ctlService_Grid)
