@@ -117,6 +117,18 @@ public:
                                qint32& lngNewServiceContentID);
     void AddServiceContentItem(qint32 lngServiceID, qint32 lngServiceItemID, bool blnShowAtRunTime,
                                const QString& strLength, QString& strErrorMessage);
+    // One row of a service's contents for AddServiceContentItems.
+    struct ServiceContentRow {
+        qint32 lngServiceItemID = 0;
+        bool blnShowAtRunTime = true;
+        QString strLength;
+    };
+    // Appends the rows, in their order, after the service's last row: the same rows that one
+    // AddServiceContentItem per row would store, written as one statement run again and again
+    // in one write. All rows are stored, or (the error text says why) none of them; a service
+    // that does not exist stores none.
+    void AddServiceContentItems(qint32 lngServiceID, const QList<ServiceContentRow>& rows,
+                                QString& strErrorMessage);
     void GetServiceResources(const QString& strWhereClause, qint16 intRecordsetType,
                              QString& strErrorMessage, std::unique_ptr<Recordset>& rs);
     void AddServiceResource(qint32 lngServiceID, const QString& strResourceName,

@@ -2,6 +2,8 @@
 
 #include "DataAccessCore.h"
 
+#include <QSqlError>
+
 // Services, their contents, resources and prop bags.
 
 using P = DataAccessPrivate;
@@ -175,6 +177,52 @@ void DataAccess::AddServiceContentItem(qint32 lngServiceID, qint32 lngServiceIte
     qint32 ignored = 0;
     AddServiceContentItem(lngServiceID, lngServiceItemID, blnShowAtRunTime, strLength,
                           strErrorMessage, ignored);
+}
+
+void DataAccess::AddServiceContentItems(qint32 lngServiceID, const QList<ServiceContentRow>& rows,
+                                        QString& strErrorMessage) {
+    strErrorMessage.clear();
+    WriteScope scope(strErrorMessage, "AddServiceContentItems");
+    if (!scope.Ok())
+        return;
+    const QVariant exists = P::Scalar(QStringLiteral("SELECT 1 FROM Services WHERE ServiceID = ?"),
+                                      {lngServiceID}, strErrorMessage, "AddServiceContentItems");
+    if (!strErrorMessage.isEmpty())
+        return;
+    if (exists.isNull()) {
+        P::Fail(strErrorMessage, "AddServiceContentItems",
+                QStringLiteral("Service %1 does not exist.").arg(lngServiceID));
+        return;
+    }
+    qint32 position =
+        P::NextPosition(QStringLiteral("ServiceContents"), QStringLiteral("ServiceID"),
+                        lngServiceID, strErrorMessage, "AddServiceContentItems");
+    if (!strErrorMessage.isEmpty())
+        return;
+    QSqlQuery q(P::Db());
+    if (!q.prepare(
+            QStringLiteral("INSERT INTO ServiceContents (ServiceID, Position, ServiceItemID, "
+                           "ShowAtRunTime, Length) VALUES (?, ?, ?, ?, ?)"))) {
+        P::Fail(strErrorMessage, "AddServiceContentItems", q.lastError().text());
+        return;
+    }
+    for (const ServiceContentRow& row : rows) {
+        q.bindValue(0, lngServiceID);
+        q.bindValue(1, position++);
+        q.bindValue(2, row.lngServiceItemID);
+        q.bindValue(3, row.blnShowAtRunTime ? 1 : 0);
+        q.bindValue(4, P::EmptyToNull(row.strLength));
+        if (!q.exec()) {
+            P::Fail(strErrorMessage, "AddServiceContentItems",
+                    QStringLiteral("row %1 (service item %2): %3")
+                        .arg(position - 1)
+                        .arg(row.lngServiceItemID)
+                        .arg(q.lastError().text()));
+            return;
+        }
+    }
+    q.finish();
+    scope.Commit();
 }
 
 void DataAccess::GetServiceResources(const QString& strWhereClause, qint16,

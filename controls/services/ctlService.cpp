@@ -79,6 +79,7 @@ ctlService::ctlService(QWidget* parent) : QWidget(parent) {
     m_cycle->SetApplyButton(cmdApplyChanges);
     m_cycle->SetSaveChanges([this](bool blnChanging) { SaveChanges(blnChanging); });
     connect(m_cycle, &EditorCycle::LostFocus, this, &ctlService::UserControl_LostFocus);
+    connect(m_cycle, &EditorCycle::TabChanged, this, [this] { m_blnChangesDeclined = false; });
     connect(m_cycle, &EditorCycle::Updated, this, [this](bool blnChanging) {
         qint32 lngID = blnChanging ? 0 : VB::CLng(m_strItems);
         emit ServiceUpdated(lngID);
@@ -307,7 +308,8 @@ void ctlService::ConnectWidgets() {
 
 bool ctlService::CanUnload() {
     Entry("CanUnload").Enter();
-    return m_cycle->CanUnload();
+    CleanControl(true);
+    return true;
 }
 
 QString ctlService::Description() const {

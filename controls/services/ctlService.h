@@ -70,7 +70,13 @@ public:
 
     // The service in use (Items as a number, after ShowProperties).
     qint32 ServiceID() const { return lngServiceID; }
+    // The last question about saving was answered No, and nothing changed
+    // since: a host that removes the editor need not ask again.
+    bool ChangesDeclined() const { return m_blnChangesDeclined; }
     bool GridIdle() const { return blnGridIdle; }
+    // The item gallery of the Content tab has been loaded. On screen it loads
+    // right after the grid has first been painted (see LoadContent).
+    bool ItemGalleryLoaded() const { return m_blnItemGalleryLoaded; }
 
     // Grid columns.
     enum GridColumn : qint32 {
@@ -122,6 +128,10 @@ public:
 signals:
     // Raised after a save only behind a guard that nothing sets.
     void ServiceUpdated(qint32& lngServiceID);
+    // For the host: raised after every save that stored the service, so that
+    // lists showing it can be loaded again. (ServiceUpdated stays behind its
+    // guard.)
+    void ServiceStored(qint32 lngServiceID);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -179,6 +189,8 @@ private:
     void SetUpPropBagButtons();
     // Contents
     void LoadContent();
+    void ShowItemGallery();
+    void LoadItemGallery();
     void MakeControlDirty();
     void HideCellEditors();
     void MoveRow(qint32 lngBy);
@@ -218,4 +230,7 @@ private:
     bool blnThemesLoaded = false;
     // The row of the last drag-over; it lasts across drags.
     qint32 m_lngLastDragRow = -1;
+    bool m_blnChangesDeclined = false;
+    bool m_blnItemGalleryPending = false;
+    bool m_blnItemGalleryLoaded = false;
 };

@@ -12,6 +12,7 @@
 #include <QDropEvent>
 #include <QMimeData>
 #include <QTableWidget>
+#include <QTimer>
 
 // Dragging service items from a gallery into the contents grid. The text of
 // the drag is the whole key of the gallery's node; the item id follows
@@ -49,6 +50,14 @@ bool ctlService::eventFilter(QObject* watched, QEvent* event) {
             ErrorReport::Guard([&] { ContentDrop(strText); });
             return true;
         }
+        case QEvent::Paint:
+            // Once the grid is on the screen, the item gallery beside it loads.
+            if (m_blnItemGalleryPending) {
+                m_blnItemGalleryPending = false;
+                QTimer::singleShot(0, this,
+                                   [this] { ErrorReport::Guard([this] { LoadItemGallery(); }); });
+            }
+            break;
         default:
             break;
         }

@@ -119,7 +119,7 @@ void ctlService::LoadContent() {
             .Enter();
     entry.ErrorBox([&] {
         const bool blnApply = cmdApplyChanges->isEnabled();
-        ctlServiceItemGallery1->ShowServiceItems();
+        ShowItemGallery();
         QString strErrorMessage;
         AddSIsThatArePartOfService(strErrorMessage);
         m_cycle->Clear(1);
@@ -127,6 +127,26 @@ void ctlService::LoadContent() {
         blnContentLoaded = true;
         ShowTotalLength();
     });
+}
+
+// The item gallery reads every service item, which on a large database takes
+// far longer than the rows of one service. A grid on screen therefore shows
+// the service first: the gallery loads right after the grid's first paint
+// (eventFilter), and fills in beside it. A grid not on screen loads it at once.
+void ctlService::ShowItemGallery() {
+    if (fgItemsInService->isVisible()) {
+        m_blnItemGalleryPending = true;
+        m_blnItemGalleryLoaded = false;
+        fgItemsInService->viewport()->update();
+        return;
+    }
+    LoadItemGallery();
+}
+
+void ctlService::LoadItemGallery() {
+    m_blnItemGalleryPending = false;
+    ctlServiceItemGallery1->ShowServiceItems();
+    m_blnItemGalleryLoaded = true;
 }
 
 void ctlService::AddSIsThatArePartOfService(QString& strErrorMessage) {
@@ -589,21 +609,22 @@ void ctlService::ShowTotalLength() {
 
 // ---- Saving ----
 
+// The rows go to the data library in one batch, top to bottom; the placeholder
+// row of an empty service holds no item and is left out.
 bool ctlService::SaveContents() {
     DataAccess& da = DataAccess::Instance();
     QString strErrorMessage;
     da.DeleteServiceContents(lngServiceID, strErrorMessage);
-    for (qint32 r = 1; r < fgItemsInService->rowCount(); ++r) {
-        if (!RowHoldsItem(r))
-            continue;
-        strErrorMessage.clear();
-        da.AddServiceContentItem(lngServiceID, VB::CLng(Cell(r, colSIID)),
-                                 Cell(r, colShowAtRunTime) == QLatin1String("Yes"),
-                                 Cell(r, colLength), strErrorMessage);
-        if (!strErrorMessage.isEmpty()) {
-            Platform::Current().MsgBox(strErrorMessage);
-            return false;
-        }
+    QList<DataAccess::ServiceContentRow> rows;
+    rows.reserve(fgItemsInService->rowCount());
+    for (qint32 r = 1; r < fgItemsInService->rowCount(); ++r)
+        if (RowHoldsItem(r))
+            rows.append({VB::CLng(Cell(r, colSIID)),
+                         Cell(r, colShowAtRunTime) == QLatin1String("Yes"), Cell(r, colLength)});
+    da.AddServiceContentItems(lngServiceID, rows, strErrorMessage);
+    if (!strErrorMessage.isEmpty()) {
+        Platform::Current().MsgBox(strErrorMessage);
+        return false;
     }
     m_cycle->Clear(1);
     return true;

@@ -162,7 +162,8 @@ void ctlService::CleanControl(bool blnChangingToOtherControl) {
             .Arg(QStringLiteral("blnChangingToOtherControl"), blnChangingToOtherControl)
             .Spelt()
             .Enter();
-    entry.ErrorBox([&] { m_cycle->CleanControl(blnChangingToOtherControl); });
+    entry.ErrorBox(
+        [&] { m_blnChangesDeclined = m_cycle->CleanControl(blnChangingToOtherControl) == vbNo; });
 }
 
 void ctlService::cmdApplyChanges_Click() {
@@ -202,6 +203,7 @@ void ctlService::SaveChanges(bool blnChangingToOtherControl) {
     if (blnRan && blnStored) {
         da.CommitTrans();
         m_cycle->FinishSave(blnChangingToOtherControl);
+        emit ServiceStored(lngServiceID);
         return;
     }
     da.Rollback();

@@ -26,6 +26,7 @@
 #include "galleries/ctlServiceGallery.h"
 #include "galleries/ctlServiceItemGallery.h"
 #include "run/ctlRun.h"
+#include "services/ctlService.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -36,6 +37,8 @@
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QTabWidget>
+#include <QTableWidget>
 #include <QTextBrowser>
 #include <QToolBar>
 #include <QTreeWidget>
@@ -150,9 +153,9 @@ void tst_MainWindow::windowTitleSaysWhenItIsSampleMode() {
 
 void tst_MainWindow::servicesPageOpensOnTheNewestService() {
     QCOMPARE(window->pgServices->SelectedServiceID(), empty);
-    auto* panel = qobject_cast<EventPanel*>(window->pgServices->Editor()->Current());
-    QVERIFY(panel);
-    QCOMPARE(panel->Caption(), QStringLiteral("Nothing yet"));
+    ctlService* editor = window->pgServices->ServiceEditor();
+    QVERIFY(editor);
+    QCOMPARE(editor->lblMainCaption->text(), QStringLiteral("Nothing yet"));
     QVERIFY(window->pgServices->cmdRunService->isEnabled());
 }
 
@@ -164,11 +167,14 @@ void tst_MainWindow::servicesPageListsTheServicesAndShowsTheClickedOne() {
     QCOMPARE(services, 2);
     gallery->SelectService(service);
     QCOMPARE(window->pgServices->SelectedServiceID(), service);
-    auto* panel = qobject_cast<EventPanel*>(window->pgServices->Editor()->Current());
-    QVERIFY(panel);
-    QCOMPARE(panel->Caption(), QStringLiteral("Morning Worship"));
-    QCOMPARE(panel->Value(QStringLiteral("Item 1")), QStringLiteral("Be Thou My Vision"));
-    QCOMPARE(panel->Value(QStringLiteral("Item 2")), QStringLiteral("Collect for Purity"));
+    ctlService* editor = window->pgServices->ServiceEditor();
+    QVERIFY(editor);
+    QCOMPARE(editor->lblMainCaption->text(), QStringLiteral("Morning Worship"));
+    editor->SSTab1->setCurrentIndex(1);
+    QCOMPARE(editor->fgItemsInService->item(1, ctlService::colDescription)->text(),
+             QStringLiteral("Be Thou My Vision"));
+    QCOMPARE(editor->fgItemsInService->item(2, ctlService::colDescription)->text(),
+             QStringLiteral("Collect for Purity"));
     QVERIFY(window->pgServices->cmdRunService->isEnabled());
 }
 
@@ -505,12 +511,10 @@ void tst_MainWindow::pagesWriteWordsAndFourDigitYearsNotFieldNames() {
                                     "'2025-03-09 00:00:00' WHERE ServiceID = ?"),
                      {service}));
     window->pgServices->SelectService(service);
-    auto* services = window->pgServices->findChild<EventPanel*>();
-    QVERIFY(services);
-    QCOMPARE(services->Value(QStringLiteral("Date Last Delivered")),
-             HostText::Date(QDate(2025, 3, 9)));
-    QVERIFY(
-        services->Value(QStringLiteral("Date Last Delivered")).contains(QStringLiteral("2025")));
+    ctlService* editor = window->pgServices->ServiceEditor();
+    QVERIFY(editor);
+    QVERIFY(editor->lblDateLastDelivered->text().contains(QStringLiteral("2025")));
+    QVERIFY(!editor->lblDateLastDelivered->text().contains(QStringLiteral("202525")));
     // The Options page holds the options control itself, with its own words.
     QVERIFY(window->ShowPage(QStringLiteral("Options")));
     QVERIFY(!window->pgOptions->findChild<EventPanel*>());

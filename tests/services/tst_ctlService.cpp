@@ -45,6 +45,9 @@ private slots:
     void leavingTheControlOffersTheSave();
     void aSaveRaisesNoUpdateEvent();
     void aFailingSaveLeavesTheStoredServiceWholeAsBefore();
+    void aServiceDeletedWhileOpenIsNotWrittenAgain();
+    void everyStoredSaveTellsTheHost();
+    void anAnswerNoIsRememberedUntilTheNextChange();
     void theContentTabIsFilledOnFirstView();
     void thePropBagShowsTheStoredPropsAndHidesThemFromTheGallery();
     void aDeletedPropIsDroppedOnLoadAndFromTheStoreAtTheNextSave();
@@ -498,6 +501,65 @@ void tst_ctlService::aNameOfManyCharactersIsStoredWhole() {
     QCOMPARE(m_db->Scalar("SELECT ServiceName FROM Services WHERE ServiceID = ?", {m_lib.service})
                  .toString(),
              name);
+}
+
+void tst_ctlService::aServiceDeletedWhileOpenIsNotWrittenAgain() {
+    ctlService ctl;
+    Show(ctl, m_lib.service);
+    ctl.txtServiceName->setText("Still here?");
+    ctl.SSTab1->setCurrentIndex(1);
+    ctl.cmdAddBlank->click();
+    QString error;
+    DataAccess::Instance().DeleteService(m_lib.service, error);
+    QVERIFY(error.isEmpty());
+    m_platform->QueueAnswer(vbOK);
+    ctl.cmdApplyChanges->click();
+    QCOMPARE(m_platform->BoxCount(), 1);
+    QVERIFY2(m_platform->LastBox().Prompt.contains(
+                 QString("Service %1 does not exist.").arg(m_lib.service)),
+             qPrintable(m_platform->LastBox().Prompt));
+    QCOMPARE(m_db->Count("Services", "ServiceID = ?", {m_lib.service}), 0);
+    QCOMPARE(m_db->Count("ServiceContents", "ServiceID = ?", {m_lib.service}), 0);
+    QVERIFY(ctl.cmdApplyChanges->isEnabled());
+}
+
+void tst_ctlService::everyStoredSaveTellsTheHost() {
+    ctlService ctl;
+    QSignalSpy stored(&ctl, &ctlService::ServiceStored);
+    Show(ctl, m_lib.service);
+    ctl.txtServiceName->setText("Evening");
+    ctl.cmdApplyChanges->click();
+    QCOMPARE(stored.count(), 1);
+    QCOMPARE(stored.at(0).at(0).toInt(), m_lib.service);
+    ctl.txtServiceName->setText("Evening Prayer");
+    m_platform->QueueAnswer(vbYes);
+    ctl.CanUnload();
+    QCOMPARE(stored.count(), 2);
+    // A save that fails stores nothing and says nothing to the host.
+    ctl.txtServiceName->setText("Never");
+    QVERIFY(m_db->Exec("CREATE TRIGGER refuse BEFORE UPDATE ON Services "
+                       "BEGIN SELECT RAISE(ABORT, 'disk I/O error'); END"));
+    m_platform->QueueAnswer(vbOK);
+    ctl.cmdApplyChanges->click();
+    QCOMPARE(stored.count(), 2);
+}
+
+void tst_ctlService::anAnswerNoIsRememberedUntilTheNextChange() {
+    ctlService ctl;
+    Show(ctl, m_lib.service);
+    QVERIFY(!ctl.ChangesDeclined());
+    ctl.txtServiceName->setText("Maybe");
+    m_platform->QueueAnswer(vbNo);
+    QVERIFY(ctl.CanUnload());
+    QVERIFY(ctl.ChangesDeclined());
+    ctl.txtServiceName->setText("Maybe not");
+    QVERIFY(!ctl.ChangesDeclined());
+    m_platform->QueueAnswer(vbYes);
+    ctl.CanUnload();
+    QVERIFY(!ctl.ChangesDeclined());
+    QCOMPARE(m_db->Scalar("SELECT ServiceName FROM Services WHERE ServiceID = ?", {m_lib.service})
+                 .toString(),
+             QString("Maybe not"));
 }
 
 QTEST_MAIN(tst_ctlService)

@@ -17,6 +17,8 @@
 #include <QTabWidget>
 #include <QTreeWidgetItemIterator>
 
+#include <algorithm>
+
 using namespace ServiceFixture;
 
 class tst_ctlService_Grid : public QObject {
@@ -49,6 +51,11 @@ private slots:
     void theSaveWritesTheRowsAgainTopToBottom();
     void theTotalLengthFollowsTheRowsLengths();
     void fiveHundredRowsAreStoredAndReadBack();
+    void aDroppedKeyOfAnItemThatIsGoneSaysSoAndAddsNothing();
+    void aRowThatCannotBeStoredLeavesTheStoredRowsWholeAsBefore();
+    void onScreenTheRowsShowFirstAndTheItemGalleryFillsInAfter();
+    void offScreenTheItemGalleryLoadsWithTheRows();
+    void aServiceShownAgainOnScreenLoadsTheItemGalleryAgainAfterThePaint();
 
 private:
     // An editor showing the service on its Content tab.
@@ -495,6 +502,104 @@ void tst_ctlService_Grid::fiveHundredRowsAreStoredAndReadBack() {
     ctl.cmdAddBlank->click();
     ctl.cmdApplyChanges->click();
     QCOMPARE(m_db->Count("ServiceContents", "ServiceID = ?", {big}), 501);
+}
+
+void tst_ctlService_Grid::aDroppedKeyOfAnItemThatIsGoneSaysSoAndAddsNothing() {
+    ctlService ctl;
+    ctl.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&ctl));
+    Open(ctl, m_lib.service);
+    QMimeData data;
+    data.setText("Type;14;;SI;99999");
+    m_platform->QueueAnswer(vbOK);
+    Drop(ctl, InRow(ctl, 1), data);
+    QCOMPARE(m_platform->BoxCount(), 1);
+    QCOMPARE(
+        m_platform->LastBox().Prompt,
+        QString(
+            "QVLTCONTROLS:ctlService:AddServiceItemToServiceGrid : No record found for SI 99999"));
+    QCOMPARE(Ids(ctl), QStringList({Id(m_lib.grace), "1", Id(m_lib.francis)}));
+}
+
+void tst_ctlService_Grid::aRowThatCannotBeStoredLeavesTheStoredRowsWholeAsBefore() {
+    ctlService ctl;
+    Open(ctl, m_lib.service);
+    Enter(ctl, 3);
+    ctl.cmdMoveServiceSIUp->click();
+    ctl.cmdAddBlank->click();
+    // The store refuses the prayer's row, as a failing disk would in the middle.
+    QVERIFY(m_db->Exec(QString("CREATE TRIGGER refuse BEFORE INSERT ON ServiceContents "
+                               "WHEN NEW.ServiceItemID = %1 "
+                               "BEGIN SELECT RAISE(ABORT, 'disk I/O error'); END")
+                           .arg(m_lib.francis)));
+    m_platform->QueueAnswer(vbOK);
+    ctl.cmdApplyChanges->click();
+    QCOMPARE(m_platform->BoxCount(), 1);
+    QVERIFY2(m_platform->LastBox().Prompt.contains("disk I/O error"),
+             qPrintable(m_platform->LastBox().Prompt));
+    QCOMPARE(StoredRows(*m_db, m_lib.service),
+             QStringList({Id(m_lib.grace) + ":1", "1:1", Id(m_lib.francis) + ":0"}));
+    QVERIFY(ctl.cmdApplyChanges->isEnabled());
+    // Once the store takes it again, the whole new order is stored.
+    QVERIFY(m_db->Exec("DROP TRIGGER refuse"));
+    ctl.cmdApplyChanges->click();
+    QCOMPARE(StoredRows(*m_db, m_lib.service),
+             QStringList({Id(m_lib.grace) + ":1", Id(m_lib.francis) + ":0", "1:1", "1:1"}));
+}
+
+namespace {
+QStringList GalleryItems(ctlServiceItemGallery* gallery) {
+    QStringList keys;
+    VBTreeWidget* tree = gallery->tvwServiceItems;
+    for (qint32 i = 1; i <= tree->Count(); ++i)
+        if (tree->Nodes(i).Key().contains(";;SI;"))
+            keys << tree->Nodes(i).Key();
+    keys.sort();
+    return keys;
+}
+} // namespace
+
+void tst_ctlService_Grid::onScreenTheRowsShowFirstAndTheItemGalleryFillsInAfter() {
+    ctlServiceItemGallery alone;
+    alone.ShowServiceItems();
+    const QStringList expected = GalleryItems(&alone);
+    QVERIFY(expected.size() >= 3);
+    ctlService ctl;
+    ctl.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&ctl));
+    Open(ctl, m_lib.service);
+    QCOMPARE(Ids(ctl), QStringList({Id(m_lib.grace), "1", Id(m_lib.francis)}));
+    QVERIFY(!ctl.ItemGalleryLoaded());
+    QVERIFY(GalleryItems(ctl.ctlServiceItemGallery1).isEmpty());
+    QTRY_VERIFY(ctl.ItemGalleryLoaded());
+    QCOMPARE(GalleryItems(ctl.ctlServiceItemGallery1), expected);
+    QVERIFY(!ctl.cmdApplyChanges->isEnabled());
+    ctl.ctlServiceItemGallery1->SelectServiceItem(m_lib.notices);
+    ctl.cmdMoveOneSIToService->click();
+    QCOMPARE(Ids(ctl).size(), 4);
+}
+
+void tst_ctlService_Grid::offScreenTheItemGalleryLoadsWithTheRows() {
+    ctlService ctl;
+    Open(ctl, m_lib.service);
+    QVERIFY(ctl.ItemGalleryLoaded());
+    const QStringList keys = GalleryItems(ctl.ctlServiceItemGallery1);
+    QVERIFY(std::any_of(keys.begin(), keys.end(), [&](const QString& key) {
+        return key.endsWith(QString(";;SI;%1").arg(m_lib.notices));
+    }));
+}
+
+void tst_ctlService_Grid::aServiceShownAgainOnScreenLoadsTheItemGalleryAgainAfterThePaint() {
+    const qint32 empty = m_db->AddService("Empty");
+    ctlService ctl;
+    ctl.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&ctl));
+    Open(ctl, empty);
+    QTRY_VERIFY(ctl.ItemGalleryLoaded());
+    Show(ctl, m_lib.service);
+    QVERIFY(!ctl.ItemGalleryLoaded());
+    QCOMPARE(Ids(ctl), QStringList({Id(m_lib.grace), "1", Id(m_lib.francis)}));
+    QTRY_VERIFY(ctl.ItemGalleryLoaded());
 }
 
 QTEST_MAIN(tst_ctlService_Grid)
