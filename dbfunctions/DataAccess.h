@@ -215,7 +215,9 @@ public:
     void GetNewestServiceItemID(QString& strErrorMessage, qint32& lngServiceItemID);
     void ClearRunAsPointsList(qint32 lngServiceItemID, QString& strErrorMessage);
     void ClearServiceItemMusic(qint32 lngServiceItemID, QString& strErrorMessage);
-    // Not available yet: answers an error text and 0.
+    // Asks the user for a service item of the type through the picker that the controls
+    // install (ServiceItemPick.h): the id chosen, 0 for Cancel or when the type has no items.
+    // Without a picker: an error text and 0.
     void PickServiceItem(qint16 intTypeID, QString& strErrorMessage, qint32& lngServiceItemID);
 
     // ---- Verses -------------------------------------------------------------------------
@@ -419,6 +421,11 @@ public:
     using DocumentLauncher = std::function<bool(const QString& strProgram, const QString& strFile)>;
     static void SetDocumentLauncher(DocumentLauncher launcher);
     void AddBrowserButtonsToWord(QString& strErrorMessage);
+    // Fills the rich text box with a file: a .txt read as UTF-8 (or Windows-1252 when its
+    // bytes are not UTF-8); a .rtf, .doc, .docx or .odt converted by LibreOffice Writer
+    // (OfficeConversion.h) with its basic formatting. A missing file, another extension, a
+    // damaged document, no LibreOffice or a conversion over its time limit: an error text,
+    // and the box is left as it was.
     void LoadFileIntoRichText(const QString& strFile, QTextEdit* objRichText,
                               QString& strErrorMessage, QVariant& varReservedOut);
     void LoadFileIntoRichText(const QString& strFile, QTextEdit* objRichText,
