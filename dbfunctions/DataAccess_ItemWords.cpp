@@ -1,16 +1,19 @@
 #include "DataAccessCore.h"
 #include "JetWhere.h"
 
+#include <QSqlQuery>
+
 #include <QSet>
 #include <QStringList>
 
 // The words of every service item in one row: ServiceItemWords holds, for each item, the texts
 // of the ten fields that the galleries' quick filter searches (its type's name, description,
 // content, notes, source, provider, melody, original location, its keywords and its points),
-// one after the other, a line break between two. Triggers keep it up to date on every write to
-// the tables those texts come from, so it never lacks a word an item has; it may hold a word
-// an item no longer has for a moment, which only lets an item through that the full condition
-// then turns away.
+// one after the other, a line break between two. Triggers mark an item's words to be made
+// again (Null) on every write to the tables those texts come from, and the quick filter makes
+// the marked ones before it reads them; a marked item that could not be made counts as
+// matching. So the words never lack a word an item has; they may hold one it no longer has,
+// which only lets an item through that the full condition then turns away.
 //
 // A condition "F1 Like 'p' Or F2 Like 'p' ..." over those fields can only be true for a row
 // whose item's words hold a place that matches 'p': every field is one run of the words. So the
@@ -37,16 +40,28 @@ const char* const kWordsOfItem =
     " || char(10) || ifnull((SELECT group_concat(p.PointText, char(10))"
     " FROM ServiceItemPoints p WHERE p.ServiceItemID = si.ServiceItemID), '')";
 
-// Writes the words of the items that the condition on si picks. The old rows are deleted
-// first rather than replaced: a statement that sets off a trigger imposes its own way with a
-// conflict on the trigger's statements (an "INSERT OR IGNORE" of a keyword link would keep the
-// old words).
-QString Refresh(const QString& condition) {
+// Marks the words of the items that the condition on si picks as to be made again (Null): a
+// trigger costs the same whatever the item holds, so that writing thousands of points of one
+// item stays linear; the words are made when the quick filter next asks (CatchUp). The old
+// rows are deleted first rather than replaced: a statement that sets off a trigger imposes its
+// own way with a conflict on the trigger's statements (an "INSERT OR IGNORE" of a keyword link
+// would keep the old words).
+QString MarkToDo(const QString& condition) {
     return QStringLiteral("DELETE FROM ServiceItemWords WHERE ServiceItemID IN (SELECT "
-                          "si.ServiceItemID FROM ServiceItems si WHERE %2); "
+                          "si.ServiceItemID FROM ServiceItems si WHERE %1); "
                           "INSERT INTO ServiceItemWords (ServiceItemID, Words) "
-                          "SELECT si.ServiceItemID, %1 FROM ServiceItems si WHERE %2;")
-        .arg(QLatin1String(kWordsOfItem), condition);
+                          "SELECT si.ServiceItemID, NULL FROM ServiceItems si WHERE %1;")
+        .arg(condition);
+}
+
+// Makes the words that are marked to be made again.
+void CatchUp() {
+    QSqlQuery q(DataAccessPrivate::Db());
+    // A file that cannot be written keeps its marks; a marked item counts as matching.
+    q.exec(QStringLiteral("UPDATE ServiceItemWords SET Words = (SELECT %1 FROM ServiceItems si "
+                          "WHERE si.ServiceItemID = ServiceItemWords.ServiceItemID) "
+                          "WHERE Words IS NULL")
+               .arg(QLatin1String(kWordsOfItem)));
 }
 
 QString Trigger(const QString& name, const QString& event, const QString& body) {
@@ -77,42 +92,45 @@ QStringList ItemWordsSchema() {
         QStringLiteral("DELETE FROM ServiceItemWords WHERE ServiceItemID = OLD.ServiceItemID;");
     return {
         QStringLiteral("CREATE TABLE IF NOT EXISTS ServiceItemWords ("
-                       "ServiceItemID INTEGER PRIMARY KEY, Words TEXT NOT NULL)"),
+                       "ServiceItemID INTEGER PRIMARY KEY, Words TEXT)"),
+        QStringLiteral("CREATE INDEX IF NOT EXISTS ServiceItemWordsToDo ON ServiceItemWords "
+                       "(ServiceItemID) WHERE Words IS NULL"),
         Trigger(QStringLiteral("ServiceItemWordsItemAdded"),
-                QStringLiteral("INSERT ON ServiceItems"), Refresh(forNew)),
+                QStringLiteral("INSERT ON ServiceItems"), MarkToDo(forNew)),
         Trigger(QStringLiteral("ServiceItemWordsItemChanged"),
                 QStringLiteral("UPDATE OF %1 ON ServiceItems").arg(kItemFields),
-                dropOld + Refresh(forNew)),
+                dropOld + MarkToDo(forNew)),
         Trigger(QStringLiteral("ServiceItemWordsItemDeleted"),
                 QStringLiteral("DELETE ON ServiceItems"), dropOld),
         Trigger(QStringLiteral("ServiceItemWordsTypeAdded"),
                 QStringLiteral("INSERT ON ServiceItemTypes"),
-                Refresh(QStringLiteral("si.ServiceItemTypeID = NEW.ServiceItemTypeID"))),
+                MarkToDo(QStringLiteral("si.ServiceItemTypeID = NEW.ServiceItemTypeID"))),
         Trigger(
             QStringLiteral("ServiceItemWordsTypeChanged"),
             QStringLiteral("UPDATE OF ServiceItemTypeID, ServiceItemTypeName ON ServiceItemTypes"),
-            Refresh(QStringLiteral(
+            MarkToDo(QStringLiteral(
                 "si.ServiceItemTypeID IN (OLD.ServiceItemTypeID, NEW.ServiceItemTypeID)"))),
         Trigger(QStringLiteral("ServiceItemWordsKeywordAdded"),
                 QStringLiteral("INSERT ON KeyWords"),
-                Refresh(ItemsOfKeyword(QStringLiteral("NEW.KeywordID")))),
+                MarkToDo(ItemsOfKeyword(QStringLiteral("NEW.KeywordID")))),
         Trigger(QStringLiteral("ServiceItemWordsKeywordChanged"),
                 QStringLiteral("UPDATE OF KeywordID, KeywordText ON KeyWords"),
-                Refresh(ItemsOfKeyword(QStringLiteral("OLD.KeywordID"))) +
-                    Refresh(ItemsOfKeyword(QStringLiteral("NEW.KeywordID")))),
+                MarkToDo(ItemsOfKeyword(QStringLiteral("OLD.KeywordID"))) +
+                    MarkToDo(ItemsOfKeyword(QStringLiteral("NEW.KeywordID")))),
         Trigger(QStringLiteral("ServiceItemWordsLinkAdded"),
-                QStringLiteral("INSERT ON ServiceItemKeywords"), Refresh(forNew)),
+                QStringLiteral("INSERT ON ServiceItemKeywords"), MarkToDo(forNew)),
         Trigger(QStringLiteral("ServiceItemWordsLinkChanged"),
-                QStringLiteral("UPDATE ON ServiceItemKeywords"), Refresh(forOld) + Refresh(forNew)),
+                QStringLiteral("UPDATE ON ServiceItemKeywords"),
+                MarkToDo(forOld) + MarkToDo(forNew)),
         Trigger(QStringLiteral("ServiceItemWordsLinkDeleted"),
-                QStringLiteral("DELETE ON ServiceItemKeywords"), Refresh(forOld)),
+                QStringLiteral("DELETE ON ServiceItemKeywords"), MarkToDo(forOld)),
         Trigger(QStringLiteral("ServiceItemWordsPointAdded"),
-                QStringLiteral("INSERT ON ServiceItemPoints"), Refresh(forNew)),
+                QStringLiteral("INSERT ON ServiceItemPoints"), MarkToDo(forNew)),
         Trigger(QStringLiteral("ServiceItemWordsPointChanged"),
                 QStringLiteral("UPDATE OF ServiceItemID, PointText ON ServiceItemPoints"),
-                Refresh(forOld) + Refresh(forNew)),
+                MarkToDo(forOld) + MarkToDo(forNew)),
         Trigger(QStringLiteral("ServiceItemWordsPointDeleted"),
-                QStringLiteral("DELETE ON ServiceItemPoints"), Refresh(forOld)),
+                QStringLiteral("DELETE ON ServiceItemPoints"), MarkToDo(forOld)),
         QStringLiteral("DELETE FROM ServiceItemWords"),
         QStringLiteral("INSERT INTO ServiceItemWords (ServiceItemID, Words) SELECT "
                        "si.ServiceItemID, %1 FROM ServiceItems si")
@@ -149,8 +167,10 @@ void NarrowByItemWords(JetWhere::Result& where) {
     // The unary plus keeps the engine from walking the items in the order of the words table:
     // the items are read in the order of the index that gives the gallery's order, and each is
     // looked up in the set of matching ids.
+    CatchUp();
     where.sql = QStringLiteral("(+si.ServiceItemID IN (SELECT ServiceItemID FROM "
-                               "ServiceItemWords WHERE jet_like(Words, ?))) AND ") +
+                               "ServiceItemWords WHERE Words IS NULL OR jet_like(Words, ?))) "
+                               "AND ") +
                 where.sql;
     where.params.prepend(pattern);
 }
