@@ -256,6 +256,13 @@ QString Settings::IniPath() {
 }
 
 QString Settings::DataFolder() {
+    // Every trace line asks for it: the file is read again only when it has changed (or the
+    // user's folders are others).
+    static QString keptStamp, keptFolder;
+    const QString stamp = SettingsChangeStamp() + QLatin1Char('|') +
+                          QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    if (stamp == keptStamp)
+        return keptFolder;
     QString folder = GetPrivateProfileString(QStringLiteral("Paths"), QStringLiteral("Data"));
     if (folder.isEmpty())
         folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
@@ -266,5 +273,7 @@ QString Settings::DataFolder() {
         folder = folder.left(folder.lastIndexOf(QLatin1Char('/')));
     while (folder.size() > 1 && folder.endsWith(QLatin1Char('/')))
         folder.chop(1);
+    keptStamp = stamp;
+    keptFolder = folder;
     return folder;
 }
