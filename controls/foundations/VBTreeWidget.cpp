@@ -232,11 +232,12 @@ VBTreeWidget::DetachedBuild::DetachedBuild(VBTreeWidget* tree) : m_tree(tree) {
 }
 
 VBTreeWidget::DetachedBuild::~DetachedBuild() {
-    // Nodes added at the top level meanwhile went into the view at once, after these.
+    // Nodes added at the top level meanwhile went into the view at once, after these; one
+    // removed meanwhile is gone (Remove took it off the list).
+    int at = 0;
     for (QTreeWidgetItem* item : m_topLevel)
-        s_detached.remove(item);
-    for (qsizetype i = 0; i < m_topLevel.size(); ++i)
-        m_tree->insertTopLevelItem(static_cast<int>(i), m_topLevel.at(i));
+        if (s_detached.remove(item))
+            m_tree->insertTopLevelItem(at++, item);
 }
 
 VBTreeWidget::VBTreeWidget(QWidget* parent) : QTreeWidget(parent) {
@@ -395,6 +396,11 @@ VBNode VBTreeWidget::Nodes(const QVariant& varKeyOrIndex) const {
 
 void VBTreeWidget::Remove(const QVariant& varKeyOrIndex) {
     QTreeWidgetItem* item = Nodes(varKeyOrIndex).Item();
+    // Outside the view (a DetachedBuild) no model tells of the removal.
+    if (!item->treeWidget()) {
+        forget(item);
+        s_detached.remove(item);
+    }
     delete item;
 }
 

@@ -68,6 +68,7 @@ private slots:
     void aClearedTreeWithAHiddenNodeShowsNoneOfItsNodesHiddenAgain();
     void nodesBuiltOutsideTheViewComeInWithKeysOrderAndPictures();
     void aFailureDuringABuildOutsideTheViewStillPutsTheTreeBack();
+    void nodesRemovedDuringABuildOutsideTheViewAreForgotten();
     void imagesComeFromTheImageList();
     void missingImageKeyRaises35601();
     void expandedImageShowsWhileExpanded();
@@ -519,6 +520,22 @@ void tst_VBTreeWidget::aFailureDuringABuildOutsideTheViewStillPutsTheTreeBack() 
     QCOMPARE(tvw.topLevelItemCount(), 1);
     QCOMPARE(tvw.Nodes(QStringLiteral("Type;Hymn;;SI;9")).Item()->treeWidget(), &tvw);
     QCOMPARE(tvw.Count(), 6);
+}
+
+void tst_VBTreeWidget::nodesRemovedDuringABuildOutsideTheViewAreForgotten() {
+    VBTreeWidget tvw;
+    fillGallery(tvw);
+    tvw.Add(QVariant(), tvwLast, QStringLiteral("Other"), QStringLiteral("Other"));
+    {
+        const VBTreeWidget::DetachedBuild build(&tvw);
+        tvw.Remove(QStringLiteral("Type;Hymn"));
+        tvw.Remove(QStringLiteral("Root"));
+        QVERIFY(!tvw.KeyExists(QStringLiteral("Type;Hymn;;SI;7")));
+        QVERIFY(!tvw.KeyExists(QStringLiteral("Type;Prayer")));
+    }
+    QCOMPARE(tvw.topLevelItemCount(), 1);
+    QCOMPARE(tvw.Count(), 1);
+    QCOMPARE(VBNode(tvw.topLevelItem(0)).Key(), QStringLiteral("Other"));
 }
 
 QTEST_MAIN(tst_VBTreeWidget)
