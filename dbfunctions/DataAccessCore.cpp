@@ -334,11 +334,14 @@ JetWhere DataAccessPrivate::WhereFor(const QList<Source>& sources) {
 bool DataAccessPrivate::SelectWhere(const QString& sqlBefore, const QList<Source>& sources,
                                     const QString& strWhereClause, const QString& sqlAfter,
                                     QString& strErrorMessage, const char* operation,
-                                    std::unique_ptr<Recordset>& rs) {
+                                    std::unique_ptr<Recordset>& rs,
+                                    void (*narrow)(JetWhere::Result&)) {
     rs.reset();
     if (!Ready(strErrorMessage, operation))
         return false;
-    const JetWhere::Result where = WhereFor(sources).Translate(strWhereClause);
+    JetWhere::Result where = WhereFor(sources).Translate(strWhereClause);
+    if (narrow)
+        narrow(where);
     if (!where.ok()) {
         Fail(strErrorMessage, operation,
              QStringLiteral("The filter cannot be used: ") + where.error + '.');

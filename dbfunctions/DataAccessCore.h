@@ -37,7 +37,8 @@ public:
 
     // A query over some tables filtered by a Jet clause: sqlBefore + " WHERE " + translated
     // clause + sqlAfter. The tables are named as the clause may name them, with the aliases of
-    // the SQL.
+    // the SQL. narrow, when given, may add to the translated condition a test that every row
+    // of the condition passes too, for speed (it must not change the rows).
     struct Source {
         QString table;
         QString alias;
@@ -45,7 +46,8 @@ public:
     static bool SelectWhere(const QString& sqlBefore, const QList<Source>& sources,
                             const QString& strWhereClause, const QString& sqlAfter,
                             QString& strErrorMessage, const char* operation,
-                            std::unique_ptr<Recordset>& rs);
+                            std::unique_ptr<Recordset>& rs,
+                            void (*narrow)(JetWhere::Result&) = nullptr);
     static JetWhere WhereFor(const QList<Source>& sources);
 
     // Column metadata read from the open file.

@@ -18,12 +18,15 @@
 // Version history:
 //   1  the tables of the first release
 //   2  StoreState (what the program remembers per database, e.g. the last shown short list)
+//   3  ServiceItemWords, the words of each item for the quick filter, kept by triggers
 
 bool CreateOrUpgradeSchema(QSqlDatabase& db, const QString& path, QString& error);
+// DataAccess_ItemWords.cpp
+QStringList ItemWordsSchema();
 
 namespace {
 
-constexpr int kCurrentVersion = 2;
+constexpr int kCurrentVersion = 3;
 
 bool Run(QSqlDatabase& db, const QString& sql, QString& error) {
     QSqlQuery q(db);
@@ -63,11 +66,12 @@ QStringList SchemaStatements() {
 }
 
 bool CreateSchema(QSqlDatabase& db, QString& error) {
-    const QStringList statements = SchemaStatements();
+    QStringList statements = SchemaStatements();
     if (statements.isEmpty()) {
         error = QStringLiteral("The schema of the database is missing from the program.");
         return false;
     }
+    statements << ItemWordsSchema();
     if (!Run(db, QStringLiteral("BEGIN IMMEDIATE"), error))
         return false;
     for (const QString& statement : statements) {
@@ -86,6 +90,8 @@ QStringList UpgradeStep(int fromVersion) {
     case 1:
         return {QStringLiteral("CREATE TABLE IF NOT EXISTS StoreState ("
                                "StateKey TEXT PRIMARY KEY, StateValue)")};
+    case 2:
+        return ItemWordsSchema();
     default:
         return {};
     }

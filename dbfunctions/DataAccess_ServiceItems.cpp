@@ -7,6 +7,9 @@
 
 using P = DataAccessPrivate;
 
+// DataAccess_ItemWords.cpp
+void NarrowByItemWords(JetWhere::Result& where);
+
 namespace {
 
 const QString kItemsNewestFirst =
@@ -44,7 +47,7 @@ void DataAccess::GetServiceItemsJoined(const QString& strWhereClause, qint16,
                    strWhereClause,
                    QStringLiteral("ORDER BY %1, k.KeywordText COLLATE JETTEXT, p.Position")
                        .arg(kItemsNewestFirst),
-                   strErrorMessage, "GetServiceItemsJoined", rs);
+                   strErrorMessage, "GetServiceItemsJoined", rs, NarrowByItemWords);
 }
 
 void DataAccess::GetServiceItems(const QString& strWhereClause, qint16, QString& strErrorMessage,

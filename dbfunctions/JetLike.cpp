@@ -3,6 +3,11 @@
 #include <QChar>
 #include <QVarLengthArray>
 
+#include <algorithm>
+#include <cstring>
+#include <limits>
+#include <type_traits>
+
 namespace {
 
 inline char32_t Fold(char32_t c) {
@@ -174,6 +179,40 @@ bool JetLikePattern::PieceAt(const Value& value, qsizetype at, const Piece& p) c
     return true;
 }
 
+// FindPiece in ASCII bytes for a piece whose first element is a plain character: the places
+// where that character stands, in either case, are found by the C library's memchr (which
+// reads many bytes at a time), not by a look at every byte.
+template <typename Value>
+qsizetype JetLikePattern::FindAsciiPiece(const Value& value, qsizetype from, qsizetype to,
+                                         const Piece& p, char32_t head) const {
+    // An ASCII byte folds to an ASCII byte: a head beyond them is found nowhere.
+    if (head >= 0x80)
+        return -1;
+    const char lower = static_cast<char>(head);
+    const bool letter = lower >= 'a' && lower <= 'z';
+    const char upper = letter ? static_cast<char>(lower - ('a' - 'A')) : lower;
+    const char* bytes = value.bytes;
+    const qsizetype lastStart = to - p.count; // the last place the piece can start
+    constexpr qsizetype kNone = std::numeric_limits<qsizetype>::max();
+    const auto next = [&](char c, qsizetype at) {
+        const void* hit = std::memchr(bytes + at, c, static_cast<size_t>(lastStart - at + 1));
+        return hit ? static_cast<const char*>(hit) - bytes : kNone;
+    };
+    qsizetype atLower = -1, atUpper = letter ? -1 : kNone;
+    for (qsizetype at = from; at <= lastStart; ++at) {
+        if (atLower < at)
+            atLower = next(lower, at);
+        if (atUpper < at)
+            atUpper = next(upper, at);
+        at = std::min(atLower, atUpper);
+        if (at == kNone)
+            return -1;
+        if (PieceAt(value, at, p))
+            return at;
+    }
+    return -1;
+}
+
 // The leftmost place in [from, to) where the piece lies wholly; -1 when there is none.
 template <typename Value>
 qsizetype JetLikePattern::FindPiece(const Value& value, qsizetype from, qsizetype to,
@@ -184,6 +223,10 @@ qsizetype JetLikePattern::FindPiece(const Value& value, qsizetype from, qsizetyp
     // without a look at the rest of the piece.
     const Element& head = m_elements[p.from];
     const bool plainHead = head.type == Type::Char;
+    if constexpr (std::is_same_v<Value, AsciiValue>) {
+        if (plainHead)
+            return FindAsciiPiece(value, from, to, p, head.ch);
+    }
     for (qsizetype at = from; at + p.count <= to; ++at) {
         if (plainHead && Fold(value[at]) != head.ch)
             continue;

@@ -52,6 +52,9 @@ private:
     template <typename Value> bool PieceAt(const Value& value, qsizetype at, const Piece& p) const;
     template <typename Value>
     qsizetype FindPiece(const Value& value, qsizetype from, qsizetype to, const Piece& p) const;
+    template <typename Value>
+    qsizetype FindAsciiPiece(const Value& value, qsizetype from, qsizetype to, const Piece& p,
+                             char32_t head) const;
     bool ElementMatches(const Element& e, char32_t c) const;
     bool ClassMatches(const CharClass& cls, char32_t c) const;
     bool ReadClass(const uint* cps, qsizetype count, QString* error);

@@ -239,6 +239,20 @@ public:
         return true;
     }
 
+    // The fields and the pattern of a condition that is nothing but "field Like 'p'" joined by
+    // Or, all with one pattern; false for any other condition.
+    bool LikeChain(QStringList& fields, QString& pattern) const {
+        if (m_notPlainOrChain || m_likes.isEmpty() || m_likes.size() != m_conditions)
+            return false;
+        for (const auto& like : m_likes)
+            if (like.second != m_likes.first().second)
+                return false;
+        for (const auto& like : m_likes)
+            fields << like.first;
+        pattern = m_likes.first().second;
+        return true;
+    }
+
 private:
     bool Failed(QString& error) {
         error = m_error;
@@ -279,6 +293,8 @@ private:
             if (!(this->*next)(parts.back()))
                 return false;
         }
+        if (parts.size() > 1 && QLatin1String(word) != QLatin1String("or"))
+            m_notPlainOrChain = true;
         const QString op = QLatin1Char(' ') + QString::fromLatin1(word).toUpper() + ' ';
         sql = JoinGrouped(parts, op);
         return true;
@@ -303,6 +319,7 @@ private:
         const bool negated = IsWord(Peek(), "not");
         if (!negated && Peek().type != Tok::LParen)
             return Predicate(sql);
+        m_notPlainOrChain = true;
         const Level level(m_depth);
         if (level.TooDeep())
             return Fail(QStringLiteral("the filter nests parentheses and Not more than %1 deep")
@@ -504,6 +521,8 @@ private:
                             .arg(Shown(pattern.value.toString()), reason));
         sql = QStringLiteral("(%1jet_like(%2, %3))")
                   .arg(negated ? QStringLiteral("NOT ") : QString(), Sql(left), Sql(pattern));
+        if (!negated)
+            m_likes.append({left.column.sql, pattern.value.toString()});
         return true;
     }
 
@@ -569,6 +588,8 @@ private:
     qsizetype m_depth = 0;
     qsizetype m_conditions = 0;
     QString m_error;
+    QList<std::pair<QString, QString>> m_likes; // field SQL and pattern of each plain Like
+    bool m_notPlainOrChain = false;             // an And, a Not or a parenthesis was read
 };
 
 } // namespace
@@ -584,6 +605,8 @@ JetWhere::Result JetWhere::Translate(const QString& clause) const {
     Parser parser(*this, tokens, result.params);
     if (parser.Parse(result.sql, result.error) && result.params.size() > kMaxValues)
         result.error = QStringLiteral("the filter holds more than %1 values").arg(kMaxValues);
+    if (result.ok())
+        parser.LikeChain(result.likeChainFields, result.likeChainPattern);
     if (!result.ok()) {
         result.sql.clear();
         result.params.clear();

@@ -4,6 +4,7 @@
 #include <QHash>
 #include <QList>
 #include <QString>
+#include <QStringList>
 #include <QVariantList>
 
 // Translation of a Jet SQL condition (the WHERE texts the controls build) into an SQLite
@@ -58,6 +59,12 @@ public:
         QString sql;         // empty when the clause was empty
         QVariantList params; // the bound values, in order
         QString error;       // non-empty: the clause was refused
+        // When the whole condition is one "field Like 'pattern'" or a chain of them joined by
+        // Or, every link with the same pattern (the quick filter's form): the fields as their
+        // SQL, in order, and the pattern. Empty for every other condition. A caller may then
+        // narrow the rows by a cheaper test that every match also passes.
+        QStringList likeChainFields;
+        QString likeChainPattern;
         bool ok() const { return error.isEmpty(); }
     };
 

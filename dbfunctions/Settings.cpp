@@ -1,15 +1,21 @@
 #include "Settings.h"
 
+#include "ChangeStamps.h"
+
 #include "TraceLog.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 #include <QStandardPaths>
 #include <QStringDecoder>
 #include <QStringList>
 
 namespace {
+
+// Writes made by this program, for SettingsChangeStamp.
+quint64 g_writes = 0;
 
 // The file as it lies on disc: each line's bytes and its ending kept apart, so that a write
 // puts back byte for byte every line it does not change (another encoding than UTF-8, CRLF
@@ -212,6 +218,7 @@ bool Settings::WritePrivateProfileString(const QString& section, const QString& 
         ini.Insert(ini.lines.size(), QLatin1Char('[') + section + QLatin1Char(']'));
         ini.Insert(ini.lines.size(), entry);
     }
+    ++g_writes;
     return WriteIni(ini);
 }
 
@@ -223,7 +230,17 @@ bool Settings::DeletePrivateProfileKey(const QString& section, const QString& ke
     if (where.keyLine < 0)
         return true;
     ini.RemoveAt(where.keyLine);
+    ++g_writes;
     return WriteIni(ini);
+}
+
+QString SettingsChangeStamp() {
+    const QFileInfo file(Settings::IniPath());
+    return QStringLiteral("%1|%2|%3|%4")
+        .arg(file.filePath())
+        .arg(g_writes)
+        .arg(file.exists() ? file.size() : -1)
+        .arg(file.exists() ? file.lastModified().toMSecsSinceEpoch() : 0);
 }
 
 QString Settings::IniFolder() {
@@ -239,6 +256,13 @@ QString Settings::IniPath() {
 }
 
 QString Settings::DataFolder() {
+    // Every trace line asks for it: the file is read again only when it has changed (or the
+    // user's folders are others).
+    static QString keptStamp, keptFolder;
+    const QString stamp = SettingsChangeStamp() + QLatin1Char('|') +
+                          QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    if (stamp == keptStamp)
+        return keptFolder;
     QString folder = GetPrivateProfileString(QStringLiteral("Paths"), QStringLiteral("Data"));
     if (folder.isEmpty())
         folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
@@ -249,5 +273,7 @@ QString Settings::DataFolder() {
         folder = folder.left(folder.lastIndexOf(QLatin1Char('/')));
     while (folder.size() > 1 && folder.endsWith(QLatin1Char('/')))
         folder.chop(1);
+    keptStamp = stamp;
+    keptFolder = folder;
     return folder;
 }

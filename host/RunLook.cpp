@@ -1,8 +1,11 @@
 #include "RunLook.h"
 
+#include "ChangeStamps.h"
 #include "DataAccess.h"
 #include "Settings.h"
+
 #include "foundations/VBRuntime.h"
+#include <optional>
 
 namespace {
 
@@ -86,5 +89,22 @@ RunLook RunLook::FromOptions(QString& strErrorMessage) {
     look.revealSubPointsOneByOne =
         flag(*rs, QStringLiteral("ShowSubPointsOneByOne"), look.revealSubPointsOneByOne);
     ReadTransition(*rs, look);
+    return look;
+}
+
+RunLook RunLook::FromOptionsWhenChanged(QString& strErrorMessage) {
+    static std::optional<RunLook> kept;
+    static QString keptStamp;
+    strErrorMessage.clear();
+    const QString stamp = DatabaseChangeStamp() + QLatin1Char('/') + SettingsChangeStamp();
+    if (kept && stamp == keptStamp)
+        return *kept;
+    const RunLook look = FromOptions(strErrorMessage);
+    if (strErrorMessage.isEmpty()) {
+        kept = look;
+        keptStamp = stamp;
+    } else {
+        kept.reset();
+    }
     return look;
 }

@@ -40,6 +40,10 @@ struct RunLook {
     // settings file; a field that is Null keeps the default above.
     // strErrorMessage carries the data library's text.
     static RunLook FromOptions(QString& strErrorMessage);
+    // The same, but read again only when the open database or the settings file has changed
+    // since the last read (or another file is open): a run asks before every slide, and a
+    // change in Options still shows at the next one. A read that failed is not kept.
+    static RunLook FromOptionsWhenChanged(QString& strErrorMessage);
 
     static void ReadTransition(const Recordset& rs, RunLook& look);
 

@@ -27,7 +27,7 @@ ctlRun* RunSession::Console() const {
 
 RunLook RunSession::ReadLook() {
     QString strErrorMessage;
-    return RunLook::FromOptions(strErrorMessage);
+    return RunLook::FromOptionsWhenChanged(strErrorMessage);
 }
 
 void RunSession::CreateParts(QWidget* consoleParent) {

@@ -9,7 +9,7 @@ VBImageList::VBImageList(const QString& strName, QObject* parent) : QObject(pare
 qint32 VBImageList::Add(const QString& strKey, const QPixmap& picture) {
     if (!strKey.isEmpty() && HasKey(strKey))
         throw VBError(VBErr::KeyNotUnique);
-    m_images.append({strKey, picture});
+    m_images.append({strKey, picture, QIcon(picture)});
     return Count();
 }
 
@@ -17,33 +17,45 @@ void VBImageList::Clear() {
     m_images.clear();
 }
 
-QPixmap VBImageList::ListImage(qint32 lngIndex) const {
+const VBImageList::Entry& VBImageList::Find(qint32 lngIndex) const {
     if (lngIndex < 1 || lngIndex > Count())
         throw VBError(VBErr::IndexOutOfBounds);
-    return m_images.at(lngIndex - 1).picture;
+    return m_images.at(lngIndex - 1);
 }
 
-QPixmap VBImageList::ListImage(const QString& strKey) const {
+const VBImageList::Entry& VBImageList::Find(const QString& strKey) const {
     for (const Entry& e : m_images)
         if (!e.key.isEmpty() && e.key == strKey)
-            return e.picture;
+            return e;
     throw VBError(VBErr::ElementNotFound);
 }
 
-QPixmap VBImageList::ListImage(const QVariant& varKeyOrIndex) const {
+const VBImageList::Entry& VBImageList::Find(const QVariant& varKeyOrIndex) const {
     if (varKeyOrIndex.typeId() == QMetaType::QString)
-        return ListImage(varKeyOrIndex.toString());
+        return Find(varKeyOrIndex.toString());
     bool ok = false;
     const qint32 index = varKeyOrIndex.toInt(&ok);
     if (!ok)
         throw VBError(VBErr::TypeMismatch);
-    return ListImage(index);
+    return Find(index);
+}
+
+QPixmap VBImageList::ListImage(qint32 lngIndex) const {
+    return Find(lngIndex).picture;
+}
+
+QPixmap VBImageList::ListImage(const QString& strKey) const {
+    return Find(strKey).picture;
+}
+
+QPixmap VBImageList::ListImage(const QVariant& varKeyOrIndex) const {
+    return Find(varKeyOrIndex).picture;
 }
 
 QIcon VBImageList::Icon(const QVariant& varKeyOrIndex) const {
     if (IsNoPicture(varKeyOrIndex))
         return QIcon();
-    return QIcon(ListImage(varKeyOrIndex));
+    return Find(varKeyOrIndex).icon;
 }
 
 bool VBImageList::IsNoPicture(const QVariant& varKeyOrIndex) {

@@ -30,7 +30,8 @@ public:
     QPixmap ListImage(const QString& strKey) const;
     // A key text or a 1-based index; a number in a text counts as a key.
     QPixmap ListImage(const QVariant& varKeyOrIndex) const;
-    // The picture as an icon; the null icon for index 0.
+    // The picture as an icon; the null icon for index 0. Every call for one picture gives
+    // the same icon, shared, so that thousands of nodes showing it cost one icon.
     QIcon Icon(const QVariant& varKeyOrIndex) const;
     // True for the index 0 (a number, not a key text).
     static bool IsNoPicture(const QVariant& varKeyOrIndex);
@@ -41,6 +42,10 @@ private:
     struct Entry {
         QString key;
         QPixmap picture;
+        QIcon icon;
     };
+    const Entry& Find(const QVariant& varKeyOrIndex) const;
+    const Entry& Find(const QString& strKey) const;
+    const Entry& Find(qint32 lngIndex) const;
     QList<Entry> m_images;
 };

@@ -8,6 +8,7 @@
 #include <QHeaderView>
 #include <algorithm>
 #include <functional>
+#include <typeinfo>
 
 // ---------------------------------------------------------------- VBNode
 
@@ -20,7 +21,7 @@ QTreeWidgetItem* VBNode::checked() const {
 }
 
 VBTreeWidget* VBNode::tree() const {
-    return qobject_cast<VBTreeWidget*>(checked()->treeWidget());
+    return VBTreeWidget::TreeOf(checked());
 }
 
 QString VBNode::Key() const {
@@ -208,6 +209,37 @@ void VBNode::setToolTipText(const QString& strText) {
 
 // ---------------------------------------------------------------- VBTreeWidget
 
+QHash<QTreeWidgetItem*, VBTreeWidget*> VBTreeWidget::s_detached;
+
+VBTreeWidget* VBTreeWidget::TreeOf(QTreeWidgetItem* item) {
+    if (QTreeWidget* view = item->treeWidget())
+        return qobject_cast<VBTreeWidget*>(view);
+    if (s_detached.isEmpty())
+        return nullptr;
+    while (item->parent())
+        item = item->parent();
+    return s_detached.value(item, nullptr);
+}
+
+VBTreeWidget::DetachedBuild::DetachedBuild(VBTreeWidget* tree) : m_tree(tree) {
+    // Taken out without forgetting their keys: they come back.
+    ++m_tree->m_reordering;
+    while (m_tree->topLevelItemCount() > 0)
+        m_topLevel.append(m_tree->takeTopLevelItem(0));
+    --m_tree->m_reordering;
+    for (QTreeWidgetItem* item : m_topLevel)
+        s_detached.insert(item, m_tree);
+}
+
+VBTreeWidget::DetachedBuild::~DetachedBuild() {
+    // Nodes added at the top level meanwhile went into the view at once, after these; one
+    // removed meanwhile is gone (Remove took it off the list).
+    int at = 0;
+    for (QTreeWidgetItem* item : m_topLevel)
+        if (s_detached.remove(item))
+            m_tree->insertTopLevelItem(at++, item);
+}
+
 VBTreeWidget::VBTreeWidget(QWidget* parent) : QTreeWidget(parent) {
     setHeaderHidden(true);
     setColumnCount(1);
@@ -227,6 +259,7 @@ VBTreeWidget::VBTreeWidget(QWidget* parent) : QTreeWidget(parent) {
 // are gone; its last signals must not reach them.
 VBTreeWidget::~VBTreeWidget() {
     disconnect(model(), nullptr, this, nullptr);
+    qDeleteAll(m_spare);
 }
 
 void VBTreeWidget::forget(QTreeWidgetItem* item) {
@@ -275,7 +308,9 @@ QTreeWidgetItem* VBTreeWidget::newItem(const QString& strKey, const QString& str
             throw VBError(VBErr::KeyNotUnique);
     }
     const QIcon icon = IconFor(varImage);
-    auto* item = new QTreeWidgetItem;
+    QTreeWidgetItem* item = takeSpare();
+    if (!item)
+        item = new QTreeWidgetItem;
     item->setData(0, VBRole::Key, strKey.isEmpty() ? QVariant() : QVariant(strKey));
     item->setData(0, VBRole::Serial, ++m_serial);
     item->setText(0, strText);
@@ -361,13 +396,58 @@ VBNode VBTreeWidget::Nodes(const QVariant& varKeyOrIndex) const {
 
 void VBTreeWidget::Remove(const QVariant& varKeyOrIndex) {
     QTreeWidgetItem* item = Nodes(varKeyOrIndex).Item();
+    // Outside the view (a DetachedBuild) no model tells of the removal.
+    if (!item->treeWidget()) {
+        forget(item);
+        s_detached.remove(item);
+    }
     delete item;
 }
 
 void VBTreeWidget::Clear() {
+    const qsizetype keys = m_keys.size();
+    // A hidden node would come back hidden: such a tree is cleared the plain way.
+    QList<QTreeWidgetItem*> taken;
+    if (topLevelItemCount() > 0 && !anyRowHidden(invisibleRootItem())) {
+        // Selected nodes are told so by the view; they leave it unselected.
+        clearSelection();
+        ++m_reordering; // the keys are all forgotten below, not one node at a time
+        taken = invisibleRootItem()->takeChildren();
+        --m_reordering;
+    }
     clear();
     m_keys.clear();
+    m_keys.reserve(keys); // the next load is likely as large
     m_creationOrder.clear();
+    m_spare.append(taken);
+}
+
+bool VBTreeWidget::anyRowHidden(const QTreeWidgetItem* parent) {
+    // A node answers at once while none in its view is hidden.
+    for (int i = 0; i < parent->childCount(); ++i) {
+        const QTreeWidgetItem* child = parent->child(i);
+        if (child->isHidden() || (child->childCount() > 0 && anyRowHidden(child)))
+            return true;
+    }
+    return false;
+}
+
+QTreeWidgetItem* VBTreeWidget::takeSpare() {
+    // Made once, never shown: what every kept node is reset to.
+    static const QTreeWidgetItem blank;
+    while (!m_spare.isEmpty()) {
+        QTreeWidgetItem* item = m_spare.takeLast();
+        m_spare.append(item->takeChildren());
+        // Only plain nodes are used again; one of another kind (or still marked selected) goes.
+        if (typeid(*item) != typeid(QTreeWidgetItem) || item->type() != QTreeWidgetItem::Type ||
+            item->isSelected()) {
+            delete item;
+            continue;
+        }
+        *item = blank; // texts, data, pictures, fonts and flags of a new node
+        return item;
+    }
+    return nullptr;
 }
 
 qint32 VBTreeWidget::IndexOf(const QTreeWidgetItem* item) const {

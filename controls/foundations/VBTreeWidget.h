@@ -112,6 +112,10 @@ public:
     VBNode Nodes(const QVariant& varKeyOrIndex) const;
     qint32 Count() const { return static_cast<qint32>(m_creationOrder.size()); }
     void Remove(const QVariant& varKeyOrIndex);
+    // Removes every node. The nodes leave the view in one step and are kept to be filled
+    // again by the nodes added next, so that a tree of thousands loaded again and again (the
+    // galleries on every key of a filter) neither deletes nor makes them one by one; they are
+    // deleted with the widget.
     void Clear();
     bool KeyExists(const QString& strKey) const { return m_keys.contains(strKey); }
 
@@ -128,6 +132,24 @@ public:
     // Sorts the top-level nodes by text, without regard to case.
     void setSorted(bool blnSorted);
     static void SortChildren(QTreeWidgetItem* parent, VBTreeWidget* tree);
+
+    // Builds many nodes at once: while it lives, the tree's top-level nodes stand outside the
+    // view, so that every node added under them (and every sort of their children) costs no
+    // announcement to the view; at its end they go back in one step each, in their places.
+    // Keys, indexes, pictures, sorting and the walk between nodes below the top level work as
+    // usual meanwhile; whatever needs the view (expanding, selecting, scrolling, the siblings
+    // of a top-level node) waits until the build has ended.
+    class DetachedBuild {
+    public:
+        explicit DetachedBuild(VBTreeWidget* tree);
+        ~DetachedBuild();
+        DetachedBuild(const DetachedBuild&) = delete;
+        DetachedBuild& operator=(const DetachedBuild&) = delete;
+
+    private:
+        VBTreeWidget* m_tree;
+        QList<QTreeWidgetItem*> m_topLevel;
+    };
 
     // List view.
     void SetListView();
@@ -146,10 +168,16 @@ private:
     friend class VBNode;
     QTreeWidgetItem* newItem(const QString& strKey, const QString& strText,
                              const QVariant& varImage);
+    // A kept node emptied to be used again, or nullptr when none is left.
+    QTreeWidgetItem* takeSpare();
+    // Whether a node under parent is hidden, at any depth.
+    static bool anyRowHidden(const QTreeWidgetItem* parent);
     void registerItem(QTreeWidgetItem* item);
     void forget(QTreeWidgetItem* item);
     void onRowsAboutToBeRemoved(const QModelIndex& parent, int first, int last);
     void onItemExpandedChanged(QTreeWidgetItem* item);
+    // The tree of a node, also while a DetachedBuild holds its top-level node outside the view.
+    static VBTreeWidget* TreeOf(QTreeWidgetItem* item);
 
     QHash<QString, QTreeWidgetItem*> m_keys;
     QList<QTreeWidgetItem*> m_creationOrder;
@@ -158,4 +186,8 @@ private:
     qint64 m_serial = 0;
     bool m_blnListView = false;
     int m_reordering = 0;
+    // Nodes of earlier loads kept by Clear (each with the children it still holds).
+    QList<QTreeWidgetItem*> m_spare;
+    // Top-level nodes out of the view during a DetachedBuild, with the tree they belong to.
+    static QHash<QTreeWidgetItem*, VBTreeWidget*> s_detached;
 };

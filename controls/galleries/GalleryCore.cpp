@@ -17,10 +17,12 @@
 #include <QComboBox>
 #include <QDateTime>
 #include <QGroupBox>
+#include <QHash>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStyle>
@@ -476,6 +478,24 @@ void GalleryCore::Report(const QString& strText) {
     Platform::Current().MsgBox(strText);
 }
 
+namespace {
+// The 16 x 16 picture of one of the style's standard icons, made once per style: every
+// gallery's toolbar asks for the same few, and making one reads and decodes the style's image
+// files again.
+QPixmap ToolbarPicture(QStyle* style, QStyle::StandardPixmap picture) {
+    static QPointer<QStyle> keptFor;
+    static auto* const kept = new QHash<int, QPixmap>; // lives as long as the program
+    if (keptFor != style) {
+        kept->clear();
+        keptFor = style;
+    }
+    auto it = kept->constFind(picture);
+    if (it == kept->constEnd())
+        it = kept->insert(picture, style->standardIcon(picture).pixmap(16, 16));
+    return it.value();
+}
+} // namespace
+
 void GalleryCore::CreateToolbar(QWidget* owner, VBImageList*& imlToolBar, VBToolBar*& Toolbar2,
                                 std::initializer_list<ToolbarButtonSpec> buttons) {
     imlToolBar = new VBImageList(QStringLiteral("imlToolBar"), owner);
@@ -486,7 +506,7 @@ void GalleryCore::CreateToolbar(QWidget* owner, VBImageList*& imlToolBar, VBTool
     for (const ToolbarButtonSpec& b : buttons) {
         const QString strImage = QString::fromLatin1(b.image);
         const QString strTip = QString::fromLatin1(b.tip);
-        imlToolBar->Add(strImage, owner->style()->standardIcon(b.picture).pixmap(16, 16));
+        imlToolBar->Add(strImage, ToolbarPicture(owner->style(), b.picture));
         QAction* button = Toolbar2->AddButton(QString::fromLatin1(b.key), strTip,
                                               QIcon(imlToolBar->ListImage(strImage)));
         button->setToolTip(strTip);

@@ -23,6 +23,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+#include <optional>
+
 using namespace modQVLTControls;
 
 namespace {
@@ -182,6 +184,9 @@ bool ctlServiceItemGallery::LoadTree(Recordset& rs, qint16& intAdded, QString& s
     const QString& strTextField = group.strTextField;
 
     m_core->AddRoot();
+    // The nodes are made and sorted under the root while it stands outside the view, which
+    // then takes the whole tree in one step.
+    std::optional<VBTreeWidget::DetachedBuild> build(std::in_place, tvwServiceItems);
     // Rows of one item follow each other (one per keyword and point). Except under
     // Keyword grouping they all give the same item key, which the first row has made.
     const bool blnGroupIsItemField = strGroupBy != QLatin1String("Keyword");
@@ -222,6 +227,7 @@ bool ctlServiceItemGallery::LoadTree(Recordset& rs, qint16& intAdded, QString& s
         rs.MoveNext();
     }
     SortTreeview();
+    build.reset();
     m_core->ExpandAfterLoad();
     return blnNaturalEnd;
 }

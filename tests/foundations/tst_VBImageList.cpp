@@ -25,7 +25,19 @@ private slots:
     void missingKeyRaises35601AndBadIndex35600();
     void clearEmptiesTheList();
     void indexZeroIsNoPicture();
+    void everyIconOfOnePictureIsTheSameIcon();
 };
+
+void tst_VBImageList::everyIconOfOnePictureIsTheSameIcon() {
+    VBImageList iml(QStringLiteral("ImageList1"));
+    iml.Add(QStringLiteral("imgVerse"), StandardIcons::Verse());
+    iml.Add(QString(), StandardIcons::Chorus());
+    QCOMPARE(iml.Icon(1).cacheKey(), iml.Icon(QStringLiteral("imgVerse")).cacheKey());
+    QCOMPARE(iml.Icon(QVariant(2)).cacheKey(), iml.Icon(2).cacheKey());
+    QVERIFY(iml.Icon(1).cacheKey() != iml.Icon(2).cacheKey());
+    QCOMPARE(errorOf([&] { iml.Icon(QStringLiteral("imgChorus")); }), VBErr::ElementNotFound);
+    QCOMPARE(errorOf([&] { iml.Icon(3); }), VBErr::IndexOutOfBounds);
+}
 
 void tst_VBImageList::picturesAreNumberedAndKeyed() {
     VBImageList iml(QStringLiteral("ImageList1"));

@@ -64,6 +64,11 @@ private slots:
     void sortedNodeOrdersChildrenAndKeepsExpandedState();
     void removeForgetsKeysOfNodeAndChildren();
     void clearForgetsEverything();
+    void nodesAddedAfterClearCarryNothingOfTheNodesBefore();
+    void aClearedTreeWithAHiddenNodeShowsNoneOfItsNodesHiddenAgain();
+    void nodesBuiltOutsideTheViewComeInWithKeysOrderAndPictures();
+    void aFailureDuringABuildOutsideTheViewStillPutsTheTreeBack();
+    void nodesRemovedDuringABuildOutsideTheViewAreForgotten();
     void imagesComeFromTheImageList();
     void missingImageKeyRaises35601();
     void expandedImageShowsWhileExpanded();
@@ -404,6 +409,133 @@ void tst_VBTreeWidget::listItemOutOfRangeRaises35600() {
     QCOMPARE(errorOf([&] { lvw.ListItems(0); }), VBErr::IndexOutOfBounds);
     QCOMPARE(errorOf([&] { lvw.ListItems(2); }), VBErr::IndexOutOfBounds);
     QCOMPARE(errorOf([&] { lvw.ListItems(QStringLiteral("SI;2")); }), VBErr::ElementNotFound);
+}
+
+void tst_VBTreeWidget::nodesAddedAfterClearCarryNothingOfTheNodesBefore() {
+    VBImageList images(QStringLiteral("imlTest"));
+    images.Add(QStringLiteral("imgVerse"), StandardIcons::Verse());
+    VBTreeWidget tvw;
+    tvw.setImageList(&images);
+    tvw.show();
+    fillGallery(tvw);
+    VBNode hymn = tvw.Nodes(QStringLiteral("Type;Hymn"));
+    hymn.setExpanded(true);
+    hymn.setBold(true);
+    hymn.setTag(QStringLiteral("Type"));
+    hymn.setToolTipText(QStringLiteral("Songs"));
+    hymn.setImage(QStringLiteral("imgVerse"));
+    hymn.setExpandedImage(QStringLiteral("imgVerse"));
+    tvw.Nodes(QStringLiteral("Type;Hymn;;SI;7")).setSubItems(1, QStringLiteral("Newton"));
+    tvw.Nodes(QStringLiteral("Type;Hymn;;SI;3")).setSelected(true);
+    tvw.Clear();
+    QCOMPARE(tvw.Count(), 0);
+    QCOMPARE(tvw.topLevelItemCount(), 0);
+    QVERIFY(tvw.SelectedItem().IsNothing());
+    for (int i = 1; i <= 6; ++i) {
+        VBNode node = tvw.Add(QVariant(), tvwLast, QStringLiteral("N%1").arg(i),
+                              QStringLiteral("Node %1").arg(i));
+        QCOMPARE(node.Index(), i);
+        QCOMPARE(node.Text(), QStringLiteral("Node %1").arg(i));
+        QVERIFY(!node.Tag().isValid());
+        QVERIFY(!node.Bold());
+        QVERIFY(!node.Selected());
+        QVERIFY(!node.Expanded());
+        QCOMPARE(node.Children(), 0);
+        QCOMPARE(node.ToolTipText(), QString());
+        QVERIFY(!node.Image().isValid());
+        QVERIFY(!node.ExpandedImage().isValid());
+        QVERIFY(node.Item()->icon(0).isNull());
+        QCOMPARE(node.Item()->text(1), QString());
+        QVERIFY(!node.Item()->isHidden());
+        QCOMPARE(node.Item()->flags(), QTreeWidgetItem().flags());
+    }
+    QCOMPARE(texts(VBNode(tvw.topLevelItem(0))),
+             QStringList({"Node 1", "Node 2", "Node 3", "Node 4", "Node 5", "Node 6"}));
+    QVERIFY(!tvw.KeyExists(QStringLiteral("Root")));
+}
+
+void tst_VBTreeWidget::aClearedTreeWithAHiddenNodeShowsNoneOfItsNodesHiddenAgain() {
+    VBTreeWidget lvw;
+    lvw.SetListView();
+    for (int i = 1; i <= 4; ++i)
+        lvw.AddItem(QStringLiteral("SI;%1").arg(i), QStringLiteral("Item %1").arg(i));
+    lvw.ListItems(2).Item()->setHidden(true);
+    lvw.Clear();
+    for (int i = 1; i <= 4; ++i)
+        QVERIFY(!lvw.AddItem(QStringLiteral("SI;%1").arg(i), QStringLiteral("Again %1").arg(i))
+                     .Item()
+                     ->isHidden());
+}
+
+void tst_VBTreeWidget::nodesBuiltOutsideTheViewComeInWithKeysOrderAndPictures() {
+    VBImageList images(QStringLiteral("imlTest"));
+    images.Add(QStringLiteral("imgVerse"), StandardIcons::Verse());
+    VBTreeWidget tvw;
+    tvw.setImageList(&images);
+    tvw.Add(QVariant(), tvwLast, QStringLiteral("Root"), QStringLiteral("All Items"));
+    QTreeWidgetItem* root = tvw.topLevelItem(0);
+    {
+        const VBTreeWidget::DetachedBuild build(&tvw);
+        QCOMPARE(tvw.topLevelItemCount(), 0);
+        tvw.Add(QStringLiteral("Root"), tvwChild, QStringLiteral("Type;Hymn"),
+                QStringLiteral("Hymn"));
+        VBNode b = tvw.Add(QStringLiteral("Type;Hymn"), tvwChild, QStringLiteral("Type;Hymn;;SI;2"),
+                           QStringLiteral("be thou my vision"));
+        b.setImage(QStringLiteral("imgVerse"));
+        tvw.Add(QStringLiteral("Type;Hymn"), tvwChild, QStringLiteral("Type;Hymn;;SI;1"),
+                QStringLiteral("Amazing Grace"), QStringLiteral("imgVerse"));
+        QCOMPARE(b.Index(), 3);
+        QVERIFY(!b.Item()->icon(0).isNull());
+        tvw.Nodes(QStringLiteral("Type;Hymn")).setSorted(true);
+        QCOMPARE(tvw.Nodes(QStringLiteral("Type;Hymn")).Child().Text(),
+                 QStringLiteral("Amazing Grace"));
+        QCOMPARE(errorOf([&] {
+                     tvw.Add(QStringLiteral("Root"), tvwChild, QStringLiteral("Type;Hymn"));
+                 }),
+                 VBErr::KeyNotUnique);
+    }
+    QCOMPARE(tvw.topLevelItemCount(), 1);
+    QCOMPARE(tvw.topLevelItem(0), root);
+    QCOMPARE(tvw.Count(), 4);
+    VBNode hymn = tvw.Nodes(QStringLiteral("Type;Hymn"));
+    QCOMPARE(hymn.Parent().Key(), QStringLiteral("Root"));
+    QCOMPARE(texts(hymn.Child()), QStringList({"Amazing Grace", "be thou my vision"}));
+    QCOMPARE(hymn.Child().Item()->treeWidget(), &tvw);
+    hymn.setExpanded(true);
+    QVERIFY(hymn.Expanded());
+    tvw.Remove(QStringLiteral("Type;Hymn"));
+    QVERIFY(!tvw.KeyExists(QStringLiteral("Type;Hymn;;SI;1")));
+}
+
+void tst_VBTreeWidget::aFailureDuringABuildOutsideTheViewStillPutsTheTreeBack() {
+    VBTreeWidget tvw;
+    fillGallery(tvw);
+    QCOMPARE(errorOf([&] {
+                 const VBTreeWidget::DetachedBuild build(&tvw);
+                 tvw.Add(QStringLiteral("Type;Hymn"), tvwChild, QStringLiteral("Type;Hymn;;SI;9"),
+                         QStringLiteral("Abide with me"));
+                 tvw.Add(QStringLiteral("Nowhere"), tvwChild, QStringLiteral("X"));
+             }),
+             VBErr::ElementNotFound);
+    QCOMPARE(tvw.topLevelItemCount(), 1);
+    QCOMPARE(tvw.Nodes(QStringLiteral("Type;Hymn;;SI;9")).Item()->treeWidget(), &tvw);
+    QCOMPARE(tvw.Count(), 6);
+}
+
+void tst_VBTreeWidget::nodesRemovedDuringABuildOutsideTheViewAreForgotten() {
+    VBTreeWidget tvw;
+    fillGallery(tvw);
+    tvw.Add(QVariant(), tvwLast, QStringLiteral("Other"), QStringLiteral("Other"));
+    {
+        const VBTreeWidget::DetachedBuild build(&tvw);
+        tvw.Remove(QStringLiteral("Type;Hymn"));
+        tvw.Remove(QStringLiteral("Root"));
+        QVERIFY(!tvw.KeyExists(QStringLiteral("Type;Hymn;;SI;7")));
+        QVERIFY(!tvw.KeyExists(QStringLiteral("Type;Prayer")));
+    }
+    QCOMPARE(tvw.topLevelItemCount(), 1);
+    QCOMPARE(tvw.Count(), 1);
+    QCOMPARE(VBNode(tvw.topLevelItem(0)).Key(), QStringLiteral("Other"));
 }
 
 QTEST_MAIN(tst_VBTreeWidget)
