@@ -269,11 +269,6 @@ void DataAccess::RunServiceItem(qint32 lngServiceItemID, QString& strErrorMessag
     RunServiceItem(lngServiceItemID, strErrorMessage);
 }
 
-void DataAccess::RunServiceItem(qint32, QString& strErrorMessage) {
-    P::NotAvailable(strErrorMessage, "RunServiceItem",
-                    QStringLiteral("Running a single service item from here"));
-}
-
 void DataAccess::PickServiceItem(qint16, QString& strErrorMessage, qint32& lngServiceItemID) {
     lngServiceItemID = 0;
     P::NotAvailable(strErrorMessage, "PickServiceItem",

@@ -832,24 +832,10 @@ private slots:
         da().PickServiceItem(17, error, id);
         QCOMPARE(id, 0);
         check("PickServiceItem");
-        da().ImportFile("", error);
-        check("ImportFile");
-        da().ExportServices("1", "d", error);
-        check("ExportServices");
-        da().ExportServiceItems("1,2", "d", error);
-        check("ExportServiceItems");
-        da().PrintService(1, error);
-        check("PrintService");
-        da().PrintServiceItem(1, error);
-        check("PrintServiceItem");
-        da().PrintServiceShortCuts(1, error);
-        check("PrintServiceShortCuts");
         da().AddBrowserButtonsToWord(error);
         check("AddBrowserButtonsToWord");
         da().LoadFileIntoRichText("a.txt", nullptr, error);
         check("LoadFileIntoRichText");
-        da().RunServiceItem(2, error);
-        check("RunServiceItem");
         QCOMPARE(db.Count("Templates") + db.Count("ServiceItems"), before);
     }
 

@@ -168,6 +168,16 @@ public:
     };
     const QList<SongBreakdownOffer>& SongBreakdownOffers() const { return m_songBreakdownOffers; }
 
+    // ---- Printed sheets ----------------------------------------------------------
+    // Every sheet shown in the print preview: its title and the bytes of its PDF
+    // file (read when it is shown, as the file is removed afterwards). Nothing is
+    // printed or saved.
+    struct Sheet {
+        QString Title;
+        QByteArray Pdf;
+    };
+    const QList<Sheet>& Sheets() const { return m_sheets; }
+
     // Forgets the records (not the queues).
     void ClearRecords();
 
@@ -200,6 +210,7 @@ public:
     qint32 SelectShortList(const QList<ShortListChoice>& choices) override;
     bool RunSongBreakdownWizard(const QString& strTitle,
                                 SongBreakdown::Breakdown& breakdown) override;
+    void ShowPrintPreview(const QString& strPdfFile, const QString& strTitle) override;
 
 private:
     void fail(const QString& strWhy);
@@ -239,5 +250,6 @@ private:
     QList<QList<ShortListChoice>> m_shortListOffers;
     QList<SongBreakdownAnswer> m_songBreakdowns;
     QList<SongBreakdownOffer> m_songBreakdownOffers;
+    QList<Sheet> m_sheets;
     Platform* m_previous = nullptr;
 };
