@@ -143,14 +143,19 @@ bool ReadArchive(const QByteArray& bytes, Contents& contents, QString& strError)
     return true;
 }
 
-// Text as UTF-8 (with or without its byte order mark); false for bytes that are no text.
+// Text as UTF-8 (with or without its byte order mark), else as Latin-1, the form older editors
+// on Windows save; false for bytes that are no text (control characters other than tabs, line
+// and page breaks: a picture, a document).
 bool DecodeText(const QByteArray& bytes, QString& strText) {
-    if (bytes.contains('\0'))
-        return false;
+    for (const char byte : bytes) {
+        const auto code = static_cast<unsigned char>(byte);
+        if (code < 0x20 && byte != '\t' && byte != '\n' && byte != '\r' && byte != '\f')
+            return false;
+    }
     QStringDecoder decoder(QStringDecoder::Utf8);
     strText = decoder.decode(bytes);
     if (decoder.hasError())
-        return false;
+        strText = QString::fromLatin1(bytes);
     if (strText.startsWith(QChar(0xFEFF)))
         strText.remove(0, 1);
     return true;

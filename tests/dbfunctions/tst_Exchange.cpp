@@ -40,6 +40,7 @@ private slots:
     void openLyricsSongInSeveralLanguagesKeepsTheFirstLanguage();
     void openLyricsSongWithoutAnOrderIsSungAsWritten();
     void plainTextSongTakesItsTitleFromTheFirstLine();
+    void plainTextSavedAsLatin1KeepsItsAccents();
 
     // Asking and telling
     void importAsksForTheFileAndTellsWhatCameIn();
@@ -421,6 +422,19 @@ void tst_Exchange::plainTextSongTakesItsTitleFromTheFirstLine() {
         QStringList({"Verse 1 | 0 | Great is thy faithfulness\nO God my Father",
                      "Chorus | 1 | Great is thy faithfulness", "Verse 2 | 0 | Summer and winter"}));
     QCOMPARE(m_db->Count(QStringLiteral("SongSequence")), 4);
+}
+
+void tst_Exchange::plainTextSavedAsLatin1KeepsItsAccents() {
+    QString error;
+    da().ImportFile(
+        Write(QStringLiteral("noel.txt"),
+              QStringLiteral("No\u00ebl\n\nIl est n\u00e9 le divin enfant\n").toLatin1()),
+        error);
+    QCOMPARE(error, QString());
+    QCOMPARE(ExchangeSnapshot::Query(QStringLiteral("SELECT ServiceItemDescription, "
+                                                    "ServiceItemContent FROM ServiceItems WHERE "
+                                                    "ServiceItemID <> 1")),
+             QStringList({QStringLiteral("No\u00ebl | Il est n\u00e9 le divin enfant")}));
 }
 
 // ---------------------------------------------------------------- Asking and telling
