@@ -5,6 +5,7 @@
 #include <QDateTime>
 #include <QSqlDatabase>
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 
 #include <functional>
@@ -193,7 +194,8 @@ public:
                            QString& strErrorMessage, QVariant& varReservedOut);
     void DeleteServiceItem(qint32 lngServiceItemID, QString& strErrorMessage);
     void ServiceItemShown(qint32 lngServiceItemID);
-    // Not available yet: answers an error text.
+    // Runs the item on its own on the projector through the application (SetServiceItemRunner);
+    // an item that does not exist, or no application to run it, answers an error text.
     void RunServiceItem(qint32 lngServiceItemID, QString& strErrorMessage,
                         QVariant& varReservedOut);
     void RunServiceItem(qint32 lngServiceItemID, QString& strErrorMessage);
@@ -404,16 +406,57 @@ public:
     // is refused with an error text and nothing is copied.
     void CopyChurchLogo(const QString& strFileName, QString& strErrorMessage);
 
-    // ---- Import and export (not available yet: answer an error text) --------------------
+    // ---- Import and export (docs/exchange-format.md) ------------------------------------
+    // What import, export and printing ask of the user goes through these, which the controls
+    // route through their Platform. Without them the operations that need them answer an
+    // error text.
+    struct ExchangeDialogs {
+        // The file to import, or to export into; empty for Cancel.
+        std::function<QString(const QString& strFilter, const QString& strTitle)> ChooseFileToOpen;
+        std::function<QString(const QString& strFilter, const QString& strTitle,
+                              const QString& strFileName)>
+            ChooseFileToSave;
+        // Tells the user what an import or an export did.
+        std::function<void(const QString& strText, const QString& strTitle)> Tell;
+        // Shows a printed sheet (a PDF file) in a preview that can print or save it.
+        std::function<void(const QString& strPdfFile, const QString& strTitle)> ShowSheet;
+    };
+    static void SetExchangeDialogs(ExchangeDialogs dialogs);
+    // Imports a Corvantis export file, an OpenLyrics song or the plain text of a song (title on
+    // the first line, parts separated by blank lines), all or nothing, and tells how many items
+    // and services came in and which were there already (the same title and words): those are
+    // not added twice. strParam: the file; empty asks for it.
     void ImportFile(const QString& strParam, QString& strErrorMessage);
+    // What the last import brought.
+    struct ImportReport {
+        QString File;
+        qint32 ItemsAdded = 0;
+        qint32 ServicesAdded = 0;
+        QStringList AlreadyThere;         // titles of items not added twice
+        QStringList ServicesAlreadyThere; // names of services not added twice
+    };
+    static ImportReport LastImport();
+    // varIDs: ids separated by "," or ";". Asks for the file to write.
     void ExportServices(const QVariant& varIDs, const QString& strDescription,
                         QString& strErrorMessage);
     void ExportServiceItems(const QVariant& varIDs, const QString& strDescription,
                             QString& strErrorMessage);
+    // The same into a named file, without asking or telling.
+    void ExportServicesToFile(const QString& strIDs, const QString& strDescription,
+                              const QString& strFile, QString& strErrorMessage);
+    void ExportServiceItemsToFile(const QString& strIDs, const QString& strDescription,
+                                  const QString& strFile, QString& strErrorMessage);
+    // Runs one service item on its own (RunServiceItem): the application installs what does it.
+    using ServiceItemRunner =
+        std::function<bool(qint32 lngServiceItemID, QString& strErrorMessage)>;
+    static void SetServiceItemRunner(ServiceItemRunner runner);
 
     // ---- Word processor (LibreOffice Writer) and reports ---------------------------------
-    // True when soffice or libreoffice is found on the PATH.
+    // Printed sheets are PDF files made by Qt: True when a sheet can be written (the folder of
+    // temporary files takes a file). No word processor is needed.
     void IsWordInstalled(const QString& strUnusedA, const QString& strUnusedB, bool& blnInstalled);
+    // True when soffice or libreoffice is found on the PATH.
+    void IsWriterInstalled(bool& blnInstalled);
     // True when a soffice of this user is running.
     void IsWordRunning(bool& blnIsRunning);
     // How a document is handed to Writer (program, file; true when started). The default
@@ -430,6 +473,8 @@ public:
                               QString& strErrorMessage, QVariant& varReservedOut);
     void LoadFileIntoRichText(const QString& strFile, QTextEdit* objRichText,
                               QString& strErrorMessage);
+    // The service sheet, the sheet of one item and the operator's sheet of a service's run
+    // order with the keys, each made as a PDF and shown through ShowSheet.
     void PrintService(qint32 lngServiceID, QString& strErrorMessage);
     void PrintServiceItem(qint32 lngServiceItemID, QString& strErrorMessage);
     void PrintServiceShortCuts(qint32 lngServiceID, QString& strErrorMessage);

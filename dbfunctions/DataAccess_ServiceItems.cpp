@@ -271,8 +271,3 @@ void DataAccess::ServiceItemShown(qint32 lngServiceItemID) {
 void DataAccess::RunServiceItem(qint32 lngServiceItemID, QString& strErrorMessage, QVariant&) {
     RunServiceItem(lngServiceItemID, strErrorMessage);
 }
-
-void DataAccess::RunServiceItem(qint32, QString& strErrorMessage) {
-    P::NotAvailable(strErrorMessage, "RunServiceItem",
-                    QStringLiteral("Running a single service item from here"));
-}

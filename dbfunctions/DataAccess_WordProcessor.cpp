@@ -158,7 +158,7 @@ void DataAccess::SetDocumentLauncher(DocumentLauncher launcher) {
         Launcher() = std::move(launcher);
 }
 
-void DataAccess::IsWordInstalled(const QString&, const QString&, bool& blnInstalled) {
+void DataAccess::IsWriterInstalled(bool& blnInstalled) {
     blnInstalled = !WriterProgram().isEmpty();
 }
 

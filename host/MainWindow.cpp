@@ -25,6 +25,7 @@ MainWindow::MainWindow(const StartUp& startUp, QWidget* parent)
     setWindowTitle(startUp.WindowTitle());
     // Every box and dialog opens over this window, on the console's screen.
     Platform::SetDialogOwner(this);
+    InstallServiceItemRunner();
     stkPages = new QStackedWidget(this);
     stkPages->setObjectName(QStringLiteral("stkPages"));
     setCentralWidget(stkPages);
@@ -48,6 +49,7 @@ MainWindow::MainWindow(const StartUp& startUp, QWidget* parent)
 }
 
 MainWindow::~MainWindow() {
+    RemoveServiceItemRunner();
     qApp->removeEventFilter(this);
     if (m_session)
         m_session->End();

@@ -51,6 +51,14 @@ public:
     // Ends the run in progress, as the console's End does.
     void EndRun();
 
+    // ---- Import, export and printing (MainWindow_Exchange.cpp) --------------------
+    // File > Import: asks for a file, imports it and shows what came in.
+    void ImportFile();
+    // File > Export and Print: the service or service item selected on the page in view.
+    void ExportSelection();
+    void PrintSelection();
+    void PrintShortCuts();
+
     // ---- Place on the screen (MainWindow_Place.cpp) -------------------------------
     // The size and place the window opens at: where it was last closed, when
     // that still lies on a screen, else a size that fits the console's screen
@@ -77,6 +85,10 @@ public:
     QActionGroup* grpNavigation;
     QStackedWidget* stkPages;
     QMenu* mnuFile = nullptr;
+    QAction* mnuFileImport = nullptr;
+    QAction* mnuFileExport = nullptr;
+    QAction* mnuFilePrint = nullptr;
+    QAction* mnuFilePrintShortCuts = nullptr;
     QMenu* mnuView = nullptr;
     QMenu* mnuRun = nullptr;
     QMenu* mnuRunService = nullptr;
@@ -110,6 +122,13 @@ private:
     void Session_Ended();
     void ShowRunPreview(RunSession& session);
     void ShowRunFailure(const QString& strErrorMessage);
+    // The galleries and lists run one item through the data library's RunServiceItem, which
+    // hands it to the window that opened last; it runs on its own, as Run does.
+    void InstallServiceItemRunner();
+    void RemoveServiceItemRunner();
+    bool RunServiceItemForLibrary(qint32 lngServiceItemID, QString& strErrorMessage);
+    void UpdateFileActions();
+    void ReportExchangeFailure(const QString& strTitle, const QString& strErrorMessage);
 
     StartUp m_startUp;
     QList<HostPage*> m_pages;

@@ -42,6 +42,23 @@ void MainWindow::CreateMenus() {
 void MainWindow::CreateFileMenu() {
     mnuFile = menuBar()->addMenu(QStringLiteral("&File"));
     mnuFile->setObjectName(QStringLiteral("mnuFile"));
+    mnuFileImport =
+        addNamed(mnuFile, QStringLiteral("mnuFileImport"), QStringLiteral("&Import..."));
+    onTriggered(mnuFileImport, this, [this] { ImportFile(); });
+    mnuFileExport =
+        addNamed(mnuFile, QStringLiteral("mnuFileExport"), QStringLiteral("&Export..."));
+    onTriggered(mnuFileExport, this, [this] { ExportSelection(); });
+    mnuFile->addSeparator();
+    mnuFilePrint = addNamed(mnuFile, QStringLiteral("mnuFilePrint"), QStringLiteral("&Print..."));
+    mnuFilePrint->setShortcut(QKeySequence::Print);
+    onTriggered(mnuFilePrint, this, [this] { PrintSelection(); });
+    mnuFilePrintShortCuts = addNamed(mnuFile, QStringLiteral("mnuFilePrintShortCuts"),
+                                     QStringLiteral("Print &Short-cuts..."));
+    onTriggered(mnuFilePrintShortCuts, this, [this] { PrintShortCuts(); });
+    // The entries name what they work on when the menu opens.
+    connect(mnuFile, &QMenu::aboutToShow, this,
+            [this] { ErrorReport::Guard([this] { UpdateFileActions(); }); });
+    mnuFile->addSeparator();
     QAction* exit = addNamed(mnuFile, QStringLiteral("mnuFileExit"), QStringLiteral("E&xit"));
     exit->setShortcut(QKeySequence::Quit);
     onTriggered(exit, this, [this] { close(); });

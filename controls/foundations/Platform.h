@@ -160,6 +160,11 @@ public:
     virtual bool RunSongBreakdownWizard(const QString& strTitle,
                                         SongBreakdown::Breakdown& breakdown);
 
+    // Shows a printed sheet (a PDF file) in a preview from which the user
+    // prints it or saves a copy (SheetPreview.h). The file is the caller's: it
+    // may be removed once this returns. The Qt platform shows SheetPreviewDialog.
+    virtual void ShowPrintPreview(const QString& strPdfFile, const QString& strTitle);
+
     Platform() = default;
     Platform(const Platform&) = delete;
     Platform& operator=(const Platform&) = delete;

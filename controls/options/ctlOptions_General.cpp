@@ -140,7 +140,8 @@ void ctlOptions::LoadGeneralTab(QString& strErrorMessage) {
     entry.ErrorReturn(strErrorMessage, [&] {
         std::unique_ptr<Recordset> rs = FetchOptions();
         bool blnInstalled = false;
-        DataAccess::Instance().IsWordInstalled(QString(), QString(), blnInstalled);
+        // The browser buttons go into the word processor itself.
+        DataAccess::Instance().IsWriterInstalled(blnInstalled);
         cmdAddButtonsToNormal->setEnabled(blnInstalled);
         // No store holds the file-copy choice; choosing it stores True in the
         // toolbar field (optDontCopy_Click), which the check box then shows.

@@ -828,22 +828,8 @@ private slots:
             QVERIFY2(error.contains("not available yet"), name);
             error.clear();
         };
-        da().ImportFile("", error);
-        check("ImportFile");
-        da().ExportServices("1", "d", error);
-        check("ExportServices");
-        da().ExportServiceItems("1,2", "d", error);
-        check("ExportServiceItems");
-        da().PrintService(1, error);
-        check("PrintService");
-        da().PrintServiceItem(1, error);
-        check("PrintServiceItem");
-        da().PrintServiceShortCuts(1, error);
-        check("PrintServiceShortCuts");
         da().AddBrowserButtonsToWord(error);
         check("AddBrowserButtonsToWord");
-        da().RunServiceItem(2, error);
-        check("RunServiceItem");
         QCOMPARE(db.Count("Templates") + db.Count("ServiceItems"), before);
     }
 

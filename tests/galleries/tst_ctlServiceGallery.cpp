@@ -4,6 +4,7 @@
 #include "ScriptedPlatform.h"
 #include "TestDatabase.h"
 #include "TraceFile.h"
+#include "WithoutSheetFolder.h"
 #include "foundations/VBConstants.h"
 #include "foundations/VBImageList.h"
 #include "foundations/VBToolBar.h"
@@ -13,6 +14,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QFile>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -20,6 +22,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
@@ -192,7 +195,7 @@ private slots:
     void menuDeleteInTreeAsksAndKeepsNoLanding();
     void refusedDeleteChangesNothing();
     void btnPrintShortCutsInListEndsInErrorBox();
-    void btnPrintShortCutsInTreeReportsDataLibrary();
+    void btnPrintShortCutsInTreeShowsTheSheet();
     void btnImportWritesMessageToErrorLineOnly();
 
     // Refresh, select, hide, add
@@ -825,22 +828,25 @@ void tst_ctlServiceGallery::btnPrintShortCutsInListEndsInErrorBox() {
         "QVLTCONTROLS:ctlServiceGallery:Toolbar2_ButtonClick : Error number is 35600"));
 }
 
-void tst_ctlServiceGallery::btnPrintShortCutsInTreeReportsDataLibrary() {
+void tst_ctlServiceGallery::btnPrintShortCutsInTreeShowsTheSheet() {
     ServiceGalleryFixture f;
     const qint32 a = f.Service("Easter", "Festival");
     QVERIFY(a > 0);
     f.gallery->ShowServices(Key("Type;Festival", a));
-    TraceFile trace;
-    f.platform.QueueAnswer(vbOK);
     f.Press("btnPrintShortCuts");
-    QCOMPARE(f.platform.BoxCount(), 1);
-    QVERIFY(f.platform.LastBox().Prompt.startsWith(
-        "QVLTCONTROLS:ctlServiceGallery:Toolbar2_ButtonClick: "));
-    QVERIFY(trace.NewErrorLines().contains(f.platform.LastBox().Prompt));
+    QCOMPARE(f.platform.BoxCount(), 0);
+    QCOMPARE(f.platform.Sheets().size(), 1);
+    QCOMPARE(f.platform.Sheets().at(0).Title, QString("Short-cuts: Easter"));
 }
 
 void tst_ctlServiceGallery::btnImportWritesMessageToErrorLineOnly() {
     ServiceGalleryFixture f;
+    QTemporaryDir dir;
+    QFile picture(dir.filePath("photo.jpg"));
+    QVERIFY(picture.open(QIODevice::WriteOnly));
+    picture.write(QByteArray("\xff\xd8\xff\xe0\0\x10JFIF\0", 12));
+    picture.close();
+    f.platform.QueueOpenFile(picture.fileName());
     TraceFile trace;
     f.Press("btnImport");
     QCOMPARE(f.platform.BoxCount(), 0);
@@ -926,6 +932,7 @@ void tst_ctlServiceGallery::printInListViewPrintsTreesLastSelection() {
 
 void tst_ctlServiceGallery::printWithoutWordProcessorSaysSo() {
     ServiceGalleryFixture f;
+    WithoutSheetFolder cannotPrint;
     f.platform.QueueAnswer(vbOK);
     f.Press("btnPrint");
     QCOMPARE(f.platform.BoxCount(), 1);
@@ -938,6 +945,7 @@ void tst_ctlServiceGallery::exportReportsDataLibraryMessageWithPrefix() {
     QVERIFY(a > 0);
     f.gallery->ShowServices(Key("Type;Festival", a));
     TraceFile trace;
+    f.platform.QueueSaveFile("/dev/null/no-folder/Easter.cvx");
     f.platform.QueueAnswer(vbOK);
     f.Press("btnExport");
     QCOMPARE(f.platform.BoxCount(), 1);

@@ -2,10 +2,13 @@
 // double-clicks, right-button menus, keys, the toolbar, deleting, refreshing,
 // selecting, new items and the nodes a parent adds or hides.
 
+#include "WithoutSheetFolder.h"
 #include "tst_ctlServiceItemGallery_Fixture.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QMenu>
+#include <QTemporaryDir>
 
 class tst_ctlServiceItemGallery_Commands : public QObject {
     Q_OBJECT
@@ -334,7 +337,7 @@ void tst_ctlServiceItemGallery_Commands::doubleClickInListWithId1234RunsId34() {
                       "'2020-01-01 10:00:00')"));
     f.gallery->optShowAsList->setChecked(true);
     QSignalSpy dbl(f.gallery.get(), &ctlServiceItemGallery::SIDblClicked);
-    // The run is asked of the data library, which cannot run items from here and says so.
+    // The run of item 34 is asked of the data library, which has no such item and says so.
     f.platform.QueueAnswer(vbOK);
     f.DoubleClickNode(f.List(), "SI;1234");
     QCOMPARE(dbl.count(), 0);
@@ -622,6 +625,12 @@ void tst_ctlServiceItemGallery_Commands::btnRefreshKeepsSelection() {
 
 void tst_ctlServiceItemGallery_Commands::btnImportReportsFailureWithPrefix() {
     GalleryFixture f;
+    QTemporaryDir dir;
+    QFile picture(dir.filePath("photo.jpg"));
+    QVERIFY(picture.open(QIODevice::WriteOnly));
+    picture.write(QByteArray("\xff\xd8\xff\xe0\0\x10JFIF\0", 12));
+    picture.close();
+    f.platform.QueueOpenFile(picture.fileName());
     f.platform.QueueAnswer(vbOK);
     f.Button("btnImport")->trigger();
     QVERIFY(f.platform.LastBox().Prompt.startsWith(
@@ -916,6 +925,7 @@ void tst_ctlServiceItemGallery_Commands::addServiceItemAddsNodeAndMissingGroup()
 
 void tst_ctlServiceItemGallery_Commands::printWithoutWordProcessorSaysSoEvenWithNothingSelected() {
     GalleryFixture f;
+    WithoutSheetFolder cannotPrint;
     f.gallery->ShowServiceItems();
     f.platform.QueueAnswer(vbOK);
     f.Press("btnPrint");
@@ -929,6 +939,7 @@ void tst_ctlServiceItemGallery_Commands::exportReportsFailureOfDataAccess() {
     GalleryFixture f;
     const qint32 id = f.Item(TestDatabase::Reading, "Psalm 23");
     f.gallery->ShowServiceItems(ItemKey(2, id));
+    f.platform.QueueSaveFile("/dev/null/no-folder/Psalm 23.cvx");
     f.platform.QueueAnswer(vbOK);
     f.Button("btnExport")->trigger();
     QVERIFY(f.platform.LastBox().Prompt.startsWith(

@@ -20,11 +20,11 @@ class tst_ctlServiceItemGallery_Selections : public QObject {
         QString description;
     };
 
-    // Presses btnExport and answers the box that says the export is not there
-    // yet. True when exactly one export was received; it lands in *pExport.
+    // Presses btnExport and cancels the dialog that asks where to save. True
+    // when exactly one export was received; it lands in *pExport.
     static bool PressExport(GalleryFixture& f, Export* pExport) {
         const TraceFile trace;
-        f.platform.QueueAnswer(vbOK);
+        f.platform.QueueSaveFile(QString());
         f.Press(QStringLiteral("btnExport"));
         static const QRegularExpression line(
             QStringLiteral("^QVLTDBFUNCTIONS:DataAccess:ExportServiceItems: varIDs = (.*), "

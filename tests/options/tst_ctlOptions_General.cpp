@@ -213,7 +213,7 @@ void tst_ctlOptions_General::wordButtonIsDisabledWithoutAWordProcessor() {
     ScriptedPlatform platform;
     ctlOptions options;
     bool blnInstalled = true;
-    DataAccess::Instance().IsWordInstalled(QString(), QString(), blnInstalled);
+    DataAccess::Instance().IsWriterInstalled(blnInstalled);
     QCOMPARE(options.cmdAddButtonsToNormal->isEnabled(), blnInstalled);
     QVERIFY(!options.cmdAddButtonsToNormal->isEnabled());
     QCOMPARE(options.cmdAddButtonsToNormal->text(),

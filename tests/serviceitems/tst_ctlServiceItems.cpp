@@ -5,6 +5,7 @@
 #include "ScriptedPlatform.h"
 #include "TestDatabase.h"
 #include "TraceFile.h"
+#include "WithoutSheetFolder.h"
 #include "foundations/RKLvwBannerFilter.h"
 #include "foundations/VBConstants.h"
 #include "foundations/VBTreeWidget.h"
@@ -56,6 +57,7 @@ private slots:
     void runShowsTheRunRefusal();
     void printWithoutAWordProcessorSaysSo();
     void exportOfOneItemShowsTheRefusal();
+    void printOfOneItemShowsItsSheet();
     void rightButtonOpensTheMenu();
     void canUnloadAnswersTrue();
     void clearOnlyWritesItsTraceLine();
@@ -383,7 +385,7 @@ void tst_ctlServiceItems::doubleClickShowsTheRunRefusal() {
     platform.QueueAnswer(vbOK);
     QSignalSpy dbl(&list, &ctlServiceItems::DblClick);
     emit list.lvwServiceItems->itemDoubleClicked(list.lvwServiceItems->topLevelItem(0), 0);
-    // Running one item on its own is refused by the data library for now.
+    // Without the application's window to run it in, the data library refuses and says why.
     QVERIFY(platform.LastBox().Prompt.startsWith("lvwServiceItems_DblClick:"));
     QCOMPARE(dbl.count(), 0);
 }
@@ -403,10 +405,10 @@ void tst_ctlServiceItems::runShowsTheRunRefusal() {
 
 void tst_ctlServiceItems::printWithoutAWordProcessorSaysSo() {
     TestDatabase db;
+    WithoutSheetFolder cannotPrint;
     bool blnInstalled = true;
     DataAccess::Instance().IsWordInstalled(QString(), QString(), blnInstalled);
-    if (blnInstalled)
-        QSKIP("The data library can print here; the message is for a machine that cannot.");
+    QVERIFY(!blnInstalled);
     ctlServiceItems list;
     ScriptedPlatform platform;
     platform.QueueAnswer(vbOK);
@@ -420,20 +422,34 @@ void tst_ctlServiceItems::printWithoutAWordProcessorSaysSo() {
 void tst_ctlServiceItems::exportOfOneItemShowsTheRefusal() {
     TestDatabase db;
     const qint32 a = db.AddServiceItem(TestDatabase::Prayer, "Abide with Me");
-    QString strRefusal;
-    DataAccess::Instance().ExportServiceItems(QString::number(a), "Abide with Me", strRefusal);
-    if (strRefusal.isEmpty())
-        QSKIP("The data library exports here; the refusal is for one that cannot.");
     ctlServiceItems list;
     list.setItems(QString::number(a));
     list.ShowProperties();
     ScriptedPlatform platform;
     list.mnuSIExport->trigger(); // nothing selected: nothing happens
     QCOMPARE(platform.BoxCount(), 0);
+    QCOMPARE(platform.Dialogs().size(), 0);
     Select(list.lvwServiceItems, {QString("SI;%1").arg(a)});
+    // A folder that cannot be written: the data library refuses, and the list tells it.
+    platform.QueueSaveFile("/dev/null/no-folder/Abide with Me.cvx");
     platform.QueueAnswer(vbOK);
     list.mnuSIExport->trigger();
-    QCOMPARE(platform.LastBox().Prompt, strRefusal);
+    QCOMPARE(platform.Dialogs().at(0).FileName, QString("Abide with Me.cvx"));
+    QVERIFY(platform.LastBox().Prompt.contains("The export cannot be written to"));
+}
+
+void tst_ctlServiceItems::printOfOneItemShowsItsSheet() {
+    TestDatabase db;
+    const qint32 a = db.AddServiceItem(TestDatabase::Prayer, "Abide with Me", "Abide with me");
+    ctlServiceItems list;
+    list.setItems(QString::number(a));
+    list.ShowProperties();
+    Select(list.lvwServiceItems, {QString("SI;%1").arg(a)});
+    ScriptedPlatform platform;
+    list.mnuSIPrint->trigger();
+    QCOMPARE(platform.BoxCount(), 0);
+    QCOMPARE(platform.Sheets().size(), 1);
+    QCOMPARE(platform.Sheets().at(0).Title, QString("Abide with Me"));
 }
 
 void tst_ctlServiceItems::rightButtonOpensTheMenu() {

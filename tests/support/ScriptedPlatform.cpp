@@ -3,6 +3,7 @@
 #include "foundations/VBError.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QPainter>
 #include <QTest>
 #include <QtDebug>
@@ -353,6 +354,7 @@ void ScriptedPlatform::ClearRecords() {
     m_shortListOffers.clear();
     m_serviceItemOffers.clear();
     m_songBreakdownOffers.clear();
+    m_sheets.clear();
 }
 
 // ---- Short-list picker --------------------------------------------------------
@@ -388,4 +390,11 @@ bool ScriptedPlatform::RunSongBreakdownWizard(const QString& strTitle,
         return false;
     }
     return m_songBreakdowns.takeFirst()(breakdown);
+}
+
+// ---- Printed sheets -------------------------------------------------------------
+
+void ScriptedPlatform::ShowPrintPreview(const QString& strPdfFile, const QString& strTitle) {
+    QFile file(strPdfFile);
+    m_sheets.append({strTitle, file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray()});
 }

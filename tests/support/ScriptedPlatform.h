@@ -182,6 +182,16 @@ public:
     };
     const QList<SongBreakdownOffer>& SongBreakdownOffers() const { return m_songBreakdownOffers; }
 
+    // ---- Printed sheets ----------------------------------------------------------
+    // Every sheet shown in the print preview: its title and the bytes of its PDF
+    // file (read when it is shown, as the file is removed afterwards). Nothing is
+    // printed or saved.
+    struct Sheet {
+        QString Title;
+        QByteArray Pdf;
+    };
+    const QList<Sheet>& Sheets() const { return m_sheets; }
+
     // Forgets the records (not the queues).
     void ClearRecords();
 
@@ -216,6 +226,7 @@ public:
                                 SongBreakdown::Breakdown& breakdown) override;
     qint32 PickServiceItem(const QString& strTypeName,
                            const QList<ServiceItemPick::Choice>& choices) override;
+    void ShowPrintPreview(const QString& strPdfFile, const QString& strTitle) override;
 
 private:
     void fail(const QString& strWhy);
@@ -257,5 +268,6 @@ private:
     QList<ServiceItemOffer> m_serviceItemOffers;
     QList<SongBreakdownAnswer> m_songBreakdowns;
     QList<SongBreakdownOffer> m_songBreakdownOffers;
+    QList<Sheet> m_sheets;
     Platform* m_previous = nullptr;
 };

@@ -62,7 +62,7 @@ QString tst_DataAccess_WordProcessor::FileOf(qint32 lngID) const {
 
 void tst_DataAccess_WordProcessor::writerIsInstalledWhenSofficeIsOnThePath() {
     bool blnInstalled = false;
-    DataAccess::Instance().IsWordInstalled(QString(), QString(), blnInstalled);
+    DataAccess::Instance().IsWriterInstalled(blnInstalled);
     QVERIFY(blnInstalled);
 }
 
@@ -71,7 +71,7 @@ void tst_DataAccess_WordProcessor::writerIsNotInstalledWithoutIt() {
     const QByteArray oldPath = qgetenv("PATH");
     qputenv("PATH", QByteArray("/nonexistent"));
     bool blnInstalled = true;
-    DataAccess::Instance().IsWordInstalled(QString(), QString(), blnInstalled);
+    DataAccess::Instance().IsWriterInstalled(blnInstalled);
     qputenv("PATH", oldPath);
     QVERIFY(!blnInstalled);
 }
