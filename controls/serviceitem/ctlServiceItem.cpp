@@ -14,12 +14,14 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScopedValueRollback>
 #include <QTextEdit>
+#include <QTimer>
 #include <QTreeWidget>
 
 // The frame of the service item editor: the members every control offers its
@@ -69,6 +71,10 @@ void ctlServiceItem::ConnectWidgets() {
     for (QLineEdit* box : {txtCopyright, txtLocation, txtMelody, txtSongKey})
         connect(box, &QLineEdit::textChanged, this, &ctlServiceItem::GeneralText_Change);
     connect(txtNotes, &QTextEdit::textChanged, this, &ctlServiceItem::GeneralText_Change);
+    for (QWidget* box : std::initializer_list<QWidget*>{
+             txtDescription, txtServiceItemSource, txtCopyright, txtLocation, txtMelody, txtSongKey,
+             txtNotes, txtChangeImageEveryXSeconds, txtImageDisplayMinutes, txtImageDisplaySeconds})
+        box->installEventFilter(this);
 
     connect(lmgKeywords, &ListManager::BeforeItemAdd, this,
             &ctlServiceItem::lmgKeywords_BeforeItemAdd, Qt::DirectConnection);
@@ -336,6 +342,17 @@ void ctlServiceItem::resizeEvent(QResizeEvent* event) {
 // the width of their tab, the notes take the height left on the first tab.
 void ctlServiceItem::UserControl_Resize() {
     Entry("UserControl_Resize").Enter();
+}
+
+bool ctlServiceItem::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusIn) {
+        // After the click that gave the focus has placed the cursor.
+        if (auto* box = qobject_cast<QLineEdit*>(watched))
+            QTimer::singleShot(0, box, &QLineEdit::selectAll);
+        else if (auto* text = qobject_cast<QTextEdit*>(watched))
+            QTimer::singleShot(0, text, &QTextEdit::selectAll);
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void ctlServiceItem::UserControl_LostFocus() {

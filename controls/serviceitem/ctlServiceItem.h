@@ -186,6 +186,8 @@ signals:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    // A text box of the item that gets the focus selects its whole text.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private slots:
     void imgcboServiceItemTypes_Click();

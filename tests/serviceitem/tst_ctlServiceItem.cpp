@@ -38,6 +38,7 @@ private slots:
     void presentationToTextLeavesThePointsTabWithdrawnUntilTheNextShow();
     void textToPointsListWithdrawsRunDetailsAndTheNextShowTheContent();
     void typingInTheGeneralTabRaisesItsFlag();
+    void aTextBoxThatGetsTheFocusSelectsItsWholeText();
     void keywordsAndResourcesAreShownDecoded();
     void aNewKeywordWithAnApostropheIsStoredThroughTheMarker();
     void aNewKeywordRefusedWithNoLeavesTheChosenListAsItWas();
@@ -415,6 +416,18 @@ void tst_ctlServiceItem::typingInTheGeneralTabRaisesItsFlag() {
     QVERIFY(!ctl.ContentDirty());
     QVERIFY(!ctl.RunDetailsDirty());
     QVERIFY(!ctl.PropBagDirty());
+}
+
+void tst_ctlServiceItem::aTextBoxThatGetsTheFocusSelectsItsWholeText() {
+    ctlServiceItem ctl;
+    ctl.show();
+    ctl.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&ctl));
+    Show(ctl, m_lib.prayer);
+    ctl.txtDescription->deselect();
+    ctl.txtServiceItemSource->setFocus();
+    ctl.txtDescription->setFocus();
+    QTRY_COMPARE(ctl.txtDescription->selectedText(), QString("Prayer of St Francis"));
 }
 
 void tst_ctlServiceItem::keywordsAndResourcesAreShownDecoded() {
