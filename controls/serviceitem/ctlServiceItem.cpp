@@ -311,7 +311,8 @@ void ctlServiceItem::SSTab1_Click(qint16 PreviousTab) {
             }
             if (!blnRunDetailsLoaded)
                 LoadRunDetails();
-            PlacePointsFrames(PointList1->Points().Count() > 0);
+            // A points list always runs as one: its check box stays hidden.
+            PlacePointsFrames(PointList1->Points().Count() > 0 && lngServiceItemTypeID != 11);
             break;
         case TabPropBag:
             if (!blnPropBagLoaded)

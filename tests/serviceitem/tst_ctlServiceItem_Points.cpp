@@ -5,6 +5,7 @@
 #include "foundations/PointList.h"
 
 #include <QCheckBox>
+#include <QGroupBox>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTextEdit>
@@ -33,6 +34,7 @@ private slots:
     void theWizardButtonAsksBeforeBreakingDownAgain();
     void aCancelledWizardChangesNothing();
     void theVerseOptionAndWizardButtonShowForSongsOnly();
+    void aPointsListRunsAsPointsWithNoChoiceShown();
 
 private:
     QTreeWidget* Outline(ctlServiceItem& ctl) {
@@ -275,6 +277,27 @@ void tst_ctlServiceItem_Points::theVerseOptionAndWizardButtonShowForSongsOnly() 
     Show(ctl, m_lib.prayer);
     QVERIFY(!ctl.optVerseByVerse->isVisible());
     QVERIFY(!ctl.cmdRunBreakDownWizard->isVisible());
+}
+
+void tst_ctlServiceItem_Points::aPointsListRunsAsPointsWithNoChoiceShown() {
+    ctlServiceItem ctl;
+    ctl.show();
+    Show(ctl, m_lib.points);
+    ctl.SSTab1->setTab(ctlServiceItem::TabRunDetails);
+    QVERIFY(!ctl.chkShowAsPointsList->isVisible());
+    QVERIFY(ctl.chkShowAsPointsList->isChecked());
+    QVERIFY(ctl.fraAsPointsList->isVisible());
+    QVERIFY(!ctl.fraNotAsPointsList->isVisible());
+    // A text item with points offers the choice.
+    QVERIFY(m_db->AddPoints(m_lib.prayer, {{"P1", "", "Peace", ""}}));
+    QVERIFY(m_db->Exec("UPDATE ServiceItems SET RunAsPointsList = 0 WHERE ServiceItemID = ?",
+                       {m_lib.prayer}));
+    m_platform->SetDefaultAnswer(vbNo);
+    Show(ctl, m_lib.prayer);
+    ctl.SSTab1->setTab(ctlServiceItem::TabGeneral);
+    ctl.SSTab1->setTab(ctlServiceItem::TabRunDetails);
+    QVERIFY(ctl.chkShowAsPointsList->isVisible());
+    QVERIFY(!ctl.chkShowAsPointsList->isChecked());
 }
 
 QTEST_MAIN(tst_ctlServiceItem_Points)
