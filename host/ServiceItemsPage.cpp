@@ -1,11 +1,14 @@
 #include "ServiceItemsPage.h"
 
 #include "EventPanel.h"
-#include "Summaries.h"
 #include "foundations/ErrorReport.h"
+#include "foundations/SSTab.h"
 #include "galleries/ctlServiceItemGallery.h"
+#include "serviceitem/ctlServiceItem.h"
 
 #include <QAction>
+#include <QLineEdit>
+#include <QTimer>
 
 ServiceItemsPage::ServiceItemsPage(QWidget* parent)
     : HostPage(QStringLiteral("ServiceItems"), parent),
@@ -25,12 +28,16 @@ ServiceItemsPage::ServiceItemsPage(QWidget* parent)
             [this](const QString& key, qint32 id) {
                 ErrorReport::Guard([&] { ctlServiceItemGallery1_ToolBarButtonClicked(key, id); });
             });
+    connect(ctlServiceItemGallery1, &ctlServiceItemGallery::NewServiceItemAdded, this,
+            [this](qint32 id) {
+                ErrorReport::Guard([&] { ctlServiceItemGallery1_NewServiceItemAdded(id); });
+            });
     connect(ctlServiceItemGallery1, &ctlServiceItemGallery::ShortListApplied, this,
             [this](const QString& items, const QString& words, const QString&) {
                 ErrorReport::Guard([&] { ctlServiceItemGallery1_ShortListApplied(items, words); });
             });
     // The gallery leaves its Properties button to the host: it shows the
-    // selected item's details on the right.
+    // selected item in the editor.
     if (auto* btnProperties =
             ctlServiceItemGallery1->findChild<QAction*>(QStringLiteral("btnProperties")))
         connect(btnProperties, &QAction::triggered, this,
@@ -39,7 +46,11 @@ ServiceItemsPage::ServiceItemsPage(QWidget* parent)
 
 void ServiceItemsPage::btnProperties_Click() {
     if (m_selected != 0)
-        ShowItem(m_selected, ctlServiceItemGallery1->SelectedItemText());
+        ShowItem(m_selected);
+}
+
+ctlServiceItem* ServiceItemsPage::ServiceItemEditor() const {
+    return qobject_cast<ctlServiceItem*>(Editor()->Current());
 }
 
 void ServiceItemsPage::ApplyShortList(qint32 lngShortListID) {
@@ -64,10 +75,55 @@ void ServiceItemsPage::Load() {
     ctlServiceItemGallery1->ShowServiceItems();
 }
 
-void ServiceItemsPage::ShowItem(qint32 lngServiceItemID, const QString& strDescription) {
-    auto* panel = Editor()->Ensure<EventPanel>([] { return new EventPanel; });
-    if (panel)
-        panel->Show(strDescription, Summaries::ServiceItemRows(lngServiceItemID));
+// The item goes into the editor beside the gallery. An editor already in
+// place keeps its place: showing the next item first offers to save the
+// changes of the one before.
+void ServiceItemsPage::ShowItem(qint32 lngServiceItemID) {
+    const QString strItems = QString::number(lngServiceItemID);
+    if (ctlServiceItem* open = ServiceItemEditor(); open && open->Items() == strItems)
+        return;
+    auto* editor = Editor()->Ensure<ctlServiceItem>([this] {
+        auto* made = new ctlServiceItem;
+        made->setObjectName(QStringLiteral("ctlServiceItem1"));
+        connect(made, &ctlServiceItem::SIUpdated, this,
+                [this](qint32 id) { ErrorReport::Guard([&] { ctlServiceItem1_SIUpdated(id); }); });
+        return made;
+    });
+    if (!editor)
+        return;
+    // The caption is built from the item itself, decoded.
+    editor->setDescription(QString());
+    editor->setItems(strItems);
+    editor->ShowProperties();
+}
+
+// A new item opens on its first tab, ready for its description.
+void ServiceItemsPage::ctlServiceItemGallery1_NewServiceItemAdded(qint32 ServiceItemID) {
+    if (ServiceItemID == 0)
+        return;
+    m_selected = ServiceItemID;
+    ShowItem(ServiceItemID);
+    if (ctlServiceItem* editor = ServiceItemEditor()) {
+        editor->SSTab1->setTab(ctlServiceItem::TabGeneral);
+        editor->txtDescription->setFocus();
+    }
+}
+
+// A saved item's description, source or type may have changed: the gallery is
+// filled again once the event that saved is over (the save may run inside a
+// click of the gallery itself), and the item selected stays selected.
+void ServiceItemsPage::ctlServiceItem1_SIUpdated(qint32 lngServiceItemID) {
+    Q_UNUSED(lngServiceItemID);
+    QTimer::singleShot(0, this, [this] { ErrorReport::Guard([this] { RefreshGallery(); }); });
+}
+
+void ServiceItemsPage::RefreshGallery() {
+    const qint32 lngSelected = m_selected;
+    ctlServiceItemGallery1->ShowServiceItems();
+    if (lngSelected != 0) {
+        QString strErrorMessage;
+        ctlServiceItemGallery1->SelectServiceItem(lngSelected, strErrorMessage);
+    }
 }
 
 void ServiceItemsPage::ctlServiceItemGallery1_SIClicked(const QString& strID,
@@ -77,7 +133,7 @@ void ServiceItemsPage::ctlServiceItemGallery1_SIClicked(const QString& strID,
                                                         const QString& strType) {
     if (strType == QLatin1String("SI")) {
         m_selected = strID.toInt();
-        ShowItem(m_selected, strDescription);
+        ShowItem(m_selected);
         return;
     }
     m_selected = 0;
@@ -95,7 +151,7 @@ void ServiceItemsPage::ctlServiceItemGallery1_SIClicked(const QString& strID,
 void ServiceItemsPage::ctlServiceItemGallery1_SIDblClicked(qint32 SIId) {
     // The tree hands over the item's id; the list its type, which names no item.
     if (SIId == m_selected && SIId != 0)
-        ShowItem(SIId, ctlServiceItemGallery1->SelectedItemText());
+        ShowItem(SIId);
 }
 
 void ServiceItemsPage::ctlServiceItemGallery1_ToolBarButtonClicked(const QString& strButtonKey,

@@ -2,11 +2,14 @@
 
 #include "HostPage.h"
 
+class ctlServiceItem;
 class ctlServiceItemGallery;
 
-// The service items of the church: the service item gallery on the left and
-// what its events tell on the right. The gallery's run button runs the item
-// by itself.
+// The service items of the church: the service item gallery on the left and,
+// on the right, the service item editor on the item selected (a new item too)
+// or what the gallery's other events tell. The editor offers to save before
+// another item, a group or another page takes its place; a saved item's row is
+// refreshed in the gallery. The gallery's run button runs the item by itself.
 class ServiceItemsPage : public HostPage {
     Q_OBJECT
 public:
@@ -17,6 +20,9 @@ public:
     // Shows only the items of a short list in the gallery, through every reload,
     // until 0 switches it off (or the gallery's own short-list choice does).
     void ApplyShortList(qint32 lngShortListID);
+
+    // The editor on the right, or nullptr while something else stands there.
+    ctlServiceItem* ServiceItemEditor() const;
 
     ctlServiceItemGallery* ctlServiceItemGallery1;
 
@@ -34,7 +40,10 @@ private:
                                                  const QString& FilterInPlainEnglish);
     void ctlServiceItemGallery1_ToolBarButtonClicked(const QString& strButtonKey,
                                                      qint32 lngSelectedServiceItem);
-    void ShowItem(qint32 lngServiceItemID, const QString& strDescription);
+    void ctlServiceItemGallery1_NewServiceItemAdded(qint32 ServiceItemID);
+    void ctlServiceItem1_SIUpdated(qint32 lngServiceItemID);
+    void RefreshGallery();
+    void ShowItem(qint32 lngServiceItemID);
 
     qint32 m_selected = 0;
 };

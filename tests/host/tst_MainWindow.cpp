@@ -18,6 +18,7 @@
 #include "TemplatesPage.h"
 #include "TestDatabase.h"
 #include "options/ctlOptions.h"
+#include "serviceitem/ctlServiceItem.h"
 #include "templates/ctlTemplate.h"
 #include "templates/ctlTemplateGallery.h"
 
@@ -183,14 +184,17 @@ void tst_MainWindow::serviceItemClickedInTheGalleryShowsTheItem() {
     ctlServiceItemGallery* gallery = window->pgServiceItems->ctlServiceItemGallery1;
     emit gallery->SIClicked(QString::number(prayer), QStringLiteral("Collect for Purity"),
                             QString(), QString(), QStringLiteral("SI"));
-    auto* panel = qobject_cast<EventPanel*>(window->pgServiceItems->Editor()->Current());
-    QVERIFY(panel);
-    QCOMPARE(panel->Caption(), QStringLiteral("Collect for Purity"));
-    QCOMPARE(panel->Value(QStringLiteral("Text")), QStringLiteral("Almighty God"));
+    auto* editor = window->pgServiceItems->ServiceItemEditor();
+    QVERIFY(editor);
+    QCOMPARE(editor->Items(), QString::number(prayer));
+    QCOMPARE(editor->lblMainCaption->text(), QStringLiteral("Collect for Purity"));
+    QCOMPARE(editor->txtDescription->text(), QStringLiteral("Collect for Purity"));
     QCOMPARE(window->pgServiceItems->SelectedServiceItemID(), prayer);
     emit gallery->SIClicked(QStringLiteral("Type;1"), QStringLiteral("Prayer"),
                             QStringLiteral("ServiceItemTypeID = 1"),
                             QStringLiteral("Type is Prayer"), QStringLiteral("SIGroup"));
+    auto* panel = qobject_cast<EventPanel*>(window->pgServiceItems->Editor()->Current());
+    QVERIFY(panel);
     QCOMPARE(panel->Caption(), QStringLiteral("Prayer"));
     QCOMPARE(panel->Value(QStringLiteral("Filter")), QStringLiteral("Type is Prayer"));
     QCOMPARE(window->pgServiceItems->SelectedServiceItemID(), 0);
@@ -471,15 +475,17 @@ void tst_MainWindow::propertiesButtonOfTheGalleryShowsTheSelectedItem() {
     auto* gallery = window->pgServiceItems->ctlServiceItemGallery1;
     emit gallery->SIClicked(QString::number(prayer), QStringLiteral("Collect for Purity"),
                             QString(), QString(), QStringLiteral("SI"));
-    auto* panel = window->pgServiceItems->findChild<EventPanel*>();
-    QVERIFY(panel);
-    panel->Show(QStringLiteral("something else"), {});
-    QCOMPARE(panel->Value(QStringLiteral("Description")), QString());
+    QVERIFY(window->pgServiceItems->ServiceItemEditor());
+    QVERIFY(
+        window->pgServiceItems->Editor()->Replace(new QLabel(QStringLiteral("something else"))));
+    QVERIFY(!window->pgServiceItems->ServiceItemEditor());
     QAction* properties = gallery->findChild<QAction*>(QStringLiteral("btnProperties"));
     QVERIFY(properties);
     properties->setEnabled(true);
     properties->trigger();
-    QCOMPARE(panel->Value(QStringLiteral("Description")), QStringLiteral("Collect for Purity"));
+    auto* editor = window->pgServiceItems->ServiceItemEditor();
+    QVERIFY(editor);
+    QCOMPARE(editor->txtDescription->text(), QStringLiteral("Collect for Purity"));
 }
 
 void tst_MainWindow::oneScreenSaysSoAndTheProjectorWindowKeepsItsPlace() {
