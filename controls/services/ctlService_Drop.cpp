@@ -17,7 +17,8 @@
 // Dragging service items from a gallery into the contents grid. The text of
 // the drag is the whole key of the gallery's node; the item id follows
 // ";;SI;". While the pointer moves, the row under it becomes current, so that
-// the drop lands below it.
+// the drop lands below it. The grid's viewport filter also notes the grid's
+// first paint, after which the item gallery beside it loads (LoadContent).
 
 namespace {
 MemberEntry Entry(const char* member) {
