@@ -52,6 +52,10 @@ public:
     bool Bof() const { return m_current < 0 || m_rowCount == 0; }
     // 0-based position of the current row (Jet's AbsolutePosition).
     qint32 AbsolutePosition() const { return static_cast<qint32>(m_current); }
+    // Makes the row at a 0-based position current; a position past the last row is Eof.
+    void SetAbsolutePosition(qint32 lngPosition) {
+        m_current = lngPosition < 0 ? 0 : static_cast<decltype(m_current)>(lngPosition);
+    }
 
     QVariant Fields(const QString& strName) const;
     bool HasField(const QString& strName) const { return FieldIndex(strName) >= 0; }

@@ -18,6 +18,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QHash>
 #include <QLabel>
 #include <QRadioButton>
 
@@ -122,6 +123,19 @@ void ctlServiceItemGallery::ApplyShortList(qint32 lngShortListID, QString& strEr
         });
 }
 
+namespace {
+// Where each item's first row lies in the recordset, found in one pass, so that a list of
+// hundreds of items does not walk the whole library once per item.
+QHash<qint32, qint32> FirstRowOfEachItem(Recordset& rs) {
+    QHash<qint32, qint32> firstRowOf;
+    firstRowOf.reserve(rs.RecordCount());
+    for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext())
+        firstRowOf.try_emplace(VB::CLng(rs.Fields(QStringLiteral("ServiceItems.ServiceItemID"))),
+                               rs.AbsolutePosition());
+    return firstRowOf;
+}
+} // namespace
+
 // The items of the short list in the order of its content, one row per item (the
 // first of its rows). A list of one item adds nothing.
 void ctlServiceItemGallery::ApplyShortListRows(Recordset& rs, const QString& strContent) {
@@ -133,15 +147,14 @@ void ctlServiceItemGallery::ApplyShortListRows(Recordset& rs, const QString& str
     const GalleryGroup group = Table().Group(strGroupBy);
     if (blnTree)
         m_core->AddRoot();
+    const QHash<qint32, qint32> firstRowOf = FirstRowOfEachItem(rs);
     for (qint32 i = 1; i <= lngCount; ++i) {
         const qint32 lngID = VB::CLng(GetInstance(strContent, QStringLiteral(","), i));
-        rs.MoveFirst();
-        // An id without a row walks past the last row: the next read fails.
-        while (!rs.Eof() &&
-               VB::CLng(rs.Fields(QStringLiteral("ServiceItems.ServiceItemID"))) != lngID)
-            rs.MoveNext();
-        if (rs.Eof())
+        // An id without a row has no current record: the read fails.
+        const auto row = firstRowOf.constFind(lngID);
+        if (row == firstRowOf.constEnd())
             throw VBError(3021, QStringLiteral("No current record."));
+        rs.SetAbsolutePosition(*row);
         if (!blnTree) {
             if (!lvwServiceItems->KeyExists(m_core->ListKey(lngID)))
                 AddListItem(rs, lngID);
