@@ -37,11 +37,6 @@ void DataAccess::ExportServiceItems(const QVariant& varIDs, const QString& strDe
                     QStringLiteral("Export of service items"));
 }
 
-void DataAccess::AddBrowserButtonsToWord(QString& strErrorMessage) {
-    P::NotAvailable(strErrorMessage, "AddBrowserButtonsToWord",
-                    QStringLiteral("Adding the browser buttons to the word processor"));
-}
-
 void DataAccess::LoadFileIntoRichText(const QString& strFile, QTextEdit* objRichText,
                                       QString& strErrorMessage, QVariant&) {
     LoadFileIntoRichText(strFile, objRichText, strErrorMessage);

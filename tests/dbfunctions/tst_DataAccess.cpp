@@ -844,8 +844,6 @@ private slots:
         check("PrintServiceItem");
         da().PrintServiceShortCuts(1, error);
         check("PrintServiceShortCuts");
-        da().AddBrowserButtonsToWord(error);
-        check("AddBrowserButtonsToWord");
         da().LoadFileIntoRichText("a.txt", nullptr, error);
         check("LoadFileIntoRichText");
         da().RunServiceItem(2, error);
