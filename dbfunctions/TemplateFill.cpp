@@ -61,6 +61,13 @@ QString FillFile(const QString& strTemplateFile, Subject subject, qint32 lngID,
 
 QString FileToPdf(const QString& strTemplateFile, Subject subject, qint32 lngID,
                   const QString& strPdfFile, qint32 intTimeLimitSeconds) {
+    TraceLog::Instance().WriteTraceLine(
+        QStringLiteral("QVLTDBFUNCTIONS:TemplateFill:FileToPdf: strTemplateFile = %1, %2 = %3, "
+                       "strPdfFile = %4, ")
+            .arg(strTemplateFile, subject == Subject::Service ? QStringLiteral("lngServiceID")
+                                                              : QStringLiteral("lngServiceItemID"))
+            .arg(lngID)
+            .arg(strPdfFile));
     QString strError;
     const QString strExtension = FilledExtension(strTemplateFile, strError);
     if (strExtension.isEmpty())

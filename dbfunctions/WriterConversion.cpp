@@ -88,6 +88,9 @@ QString ConvertToPdf(const QString& strDocumentFile, const QString& strPdfFile,
                           .arg(process.errorString()));
     if (!WaitFor(process, intTimeLimitSeconds)) {
         Stop(process);
+        // A Writer stopped mid-way may leave its profile locked or half made: the next
+        // conversion makes a new one.
+        QDir(ProfileFolder()).removeRecursively();
         return Failed(QStringLiteral("LibreOffice Writer did not finish the sheet within %1 "
                                      "seconds and was stopped.")
                           .arg(intTimeLimitSeconds));

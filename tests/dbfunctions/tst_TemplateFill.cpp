@@ -6,6 +6,7 @@
 #include "TemplateFiles.h"
 #include "TemplateFill.h"
 #include "TestDatabase.h"
+#include "TraceFile.h"
 
 #include <QDir>
 #include <QFile>
@@ -479,8 +480,13 @@ void tst_TemplateFill::withoutWriterTheSheetSaysWriterCannotBeFound() {
     const QByteArray oldPath = qgetenv("PATH");
     qputenv("PATH", QByteArray("/nonexistent"));
     const QString strPdf = m_dir->filePath(QStringLiteral("sheet.pdf"));
+    TraceFile trace;
     const QString strError = TemplateFill::TemplateToPdf(1, Subject::Service, service, strPdf);
     qputenv("PATH", oldPath);
+    QVERIFY(trace.HasLineStartingWith(
+        QStringLiteral("QVLTDBFUNCTIONS:TemplateFill:FileToPdf: strTemplateFile = ")));
+    QVERIFY(trace.HasLineContaining(QStringLiteral("lngServiceID = %1").arg(service)));
+    QVERIFY(trace.NewErrorLines().join('\n').contains(QStringLiteral("cannot be found")));
     QVERIFY2(strError.contains(QStringLiteral("LibreOffice Writer cannot be found")),
              qPrintable(strError));
     QVERIFY(!QFile::exists(strPdf));
