@@ -20,6 +20,8 @@ constexpr int kEndSize = 22;
 constexpr int kCentralSize = 46;
 constexpr int kLocalSize = 30;
 constexpr quint16 kUtf8Names = 0x0800;
+// No template's XML comes near this; a larger size is a damaged or hostile file.
+constexpr quint32 kLargestPart = 256u * 1024u * 1024u;
 
 quint16 U16(const QByteArray& data, qsizetype at) {
     return qFromLittleEndian<quint16>(data.constData() + at);
@@ -76,6 +78,42 @@ bool OdfPackage::Read(const QString& strPath, QString& strError) {
     return false;
 }
 
+// One entry of the central directory at "at", with its stored bytes; "next" is where the
+// following entry starts.
+bool OdfPackage::ReadEntry(const QByteArray& file, qsizetype at, Entry& entry, qsizetype& next,
+                           QString& strError) {
+    if (at + kCentralSize > file.size() || U32(file, at) != kCentralSignature) {
+        strError = QStringLiteral("its zip directory is damaged");
+        return false;
+    }
+    entry.method = U16(file, at + 10);
+    entry.modTime = U16(file, at + 12);
+    entry.modDate = U16(file, at + 14);
+    entry.crc = U32(file, at + 16);
+    const quint32 compressed = U32(file, at + 20);
+    entry.uncompressedSize = U32(file, at + 24);
+    const quint16 nameLength = U16(file, at + 28);
+    next = at + kCentralSize + nameLength + U16(file, at + 30) + U16(file, at + 32);
+    entry.name = QString::fromUtf8(file.mid(at + kCentralSize, nameLength));
+    const qsizetype local = U32(file, at + 42);
+    if (local + kLocalSize > file.size() || U32(file, local) != kLocalSignature) {
+        strError = QStringLiteral("the entry %1 is damaged").arg(entry.name);
+        return false;
+    }
+    const qsizetype dataAt = local + kLocalSize + U16(file, local + 26) + U16(file, local + 28);
+    if (dataAt + compressed > file.size()) {
+        strError = QStringLiteral("the entry %1 is cut short").arg(entry.name);
+        return false;
+    }
+    if (entry.method != 0 && entry.method != 8) {
+        strError = QStringLiteral("the entry %1 is compressed in a way that is not supported")
+                       .arg(entry.name);
+        return false;
+    }
+    entry.raw = file.mid(dataAt, compressed);
+    return true;
+}
+
 bool OdfPackage::ReadZip(const QByteArray& file, QString& strError) {
     qsizetype end = file.size() - kEndSize;
     while (end >= 0 && U32(file, end) != kEndSignature)
@@ -87,39 +125,10 @@ bool OdfPackage::ReadZip(const QByteArray& file, QString& strError) {
     const quint16 count = U16(file, end + 10);
     qsizetype at = U32(file, end + 16);
     for (quint16 i = 0; i < count; ++i) {
-        if (at + kCentralSize > file.size() || U32(file, at) != kCentralSignature) {
-            strError = QStringLiteral("entry %1 of the zip directory is damaged").arg(i + 1);
-            return false;
-        }
         Entry entry;
-        entry.method = U16(file, at + 10);
-        entry.modTime = U16(file, at + 12);
-        entry.modDate = U16(file, at + 14);
-        entry.crc = U32(file, at + 16);
-        const quint32 compressed = U32(file, at + 20);
-        entry.uncompressedSize = U32(file, at + 24);
-        const quint16 nameLength = U16(file, at + 28);
-        const qsizetype next =
-            at + kCentralSize + nameLength + U16(file, at + 30) + U16(file, at + 32);
-        entry.name = QString::fromUtf8(file.mid(at + kCentralSize, nameLength));
-        const qsizetype local = U32(file, at + 42);
-        if (local + kLocalSize > file.size() || U32(file, local) != kLocalSignature) {
-            strError = QStringLiteral("the entry %1 is damaged").arg(entry.name);
+        if (!ReadEntry(file, at, entry, at, strError))
             return false;
-        }
-        const qsizetype dataAt = local + kLocalSize + U16(file, local + 26) + U16(file, local + 28);
-        if (dataAt + compressed > file.size()) {
-            strError = QStringLiteral("the entry %1 is cut short").arg(entry.name);
-            return false;
-        }
-        entry.raw = file.mid(dataAt, compressed);
-        if (entry.method != 0 && entry.method != 8) {
-            strError = QStringLiteral("the entry %1 is compressed in a way that is not supported")
-                           .arg(entry.name);
-            return false;
-        }
         m_entries.append(entry);
-        at = next;
     }
     for (Entry& entry : m_entries) {
         if (entry.name != QLatin1String("content.xml") && entry.name != QLatin1String("styles.xml"))
@@ -137,6 +146,8 @@ bool OdfPackage::ReadZip(const QByteArray& file, QString& strError) {
 }
 
 bool OdfPackage::Inflate(const Entry& entry, QByteArray& plain) {
+    if (entry.uncompressedSize > kLargestPart)
+        return false;
     if (entry.method == 0) {
         plain = entry.raw;
         return Crc(plain) == entry.crc;

@@ -35,6 +35,8 @@ private:
         bool replaced = false;
     };
     bool ReadZip(const QByteArray& file, QString& strError);
+    static bool ReadEntry(const QByteArray& file, qsizetype at, Entry& entry, qsizetype& next,
+                          QString& strError);
     static bool Inflate(const Entry& entry, QByteArray& plain);
     const Entry* Find(const QString& strName) const;
 

@@ -6,6 +6,8 @@
 #include <QDateTime>
 #include <QFileInfo>
 
+#include <algorithm>
+
 // The values a sheet is filled with, read from the store. Stored texts show with their
 // apostrophes; a Null shows as nothing.
 
@@ -48,9 +50,13 @@ const QList<Group>& Vocabulary() {
     return groups;
 }
 
+const Group& RowFields() {
+    return Vocabulary()[2];
+}
+
 bool IsRowField(const QString& strName) {
-    return strName.startsWith(QLatin1String("Row")) &&
-           std::any_of(Vocabulary()[2].fields.cbegin(), Vocabulary()[2].fields.cend(),
+    const QList<Field>& fields = RowFields().fields;
+    return std::any_of(fields.cbegin(), fields.cend(),
                        [&](const Field& f) { return strName == QLatin1String(f.name); });
 }
 

@@ -30,6 +30,8 @@ struct Group {
 };
 // Church, service, service rows, service item: every field a template may hold.
 const QList<Group>& Vocabulary();
+// The group of the fields of a service's rows.
+const Group& RowFields();
 bool IsRowField(const QString& strName);
 
 // The church's fields and logo from the options.

@@ -242,7 +242,7 @@ bool OnlyRowOfItsTable(XNode* unit) {
 
 Values EmptyRow() {
     Values values;
-    for (const Field& field : Vocabulary()[2].fields)
+    for (const Field& field : RowFields().fields)
         values.insert(QString::fromLatin1(field.name), QString());
     return values;
 }
