@@ -312,8 +312,9 @@ public:
                       const QString& strOccasion, const QString& strAuthor, const QString& strNotes,
                       bool blnIsServiceTemplate, QString& strErrorMessage,
                       qint32& lngNewTemplateID);
-    // Writes a new template document from the starting document, adds its row and (with
-    // blnOpenDocument) opens it in Writer. Without Writer: an error text, nothing created.
+    // Writes a new template document (a copy of the shipped service sheet with the church filled
+    // in), adds its row and (with blnOpenDocument) opens it in Writer. Without Writer: an error
+    // text, nothing created. Sheets are made from templates by TemplateFill.h.
     void NewTemplate(bool blnOpenDocument, QString& strErrorMessage, qint32& lngNewTemplateID);
     void DeleteTemplate(qint32 lngTemplateID, const QVariant& varReserved, QString& strErrorMessage,
                         QVariant& varReservedOut);
@@ -322,7 +323,8 @@ public:
     void GetTemplateOccasions(const QString& strWhere, QString& strErrorMessage,
                               std::unique_ptr<Recordset>& rs);
     // Opens the template's document in Writer (a template without one gets a starting
-    // document). A missing document or a missing Writer: an error text, nothing changed.
+    // document; a shipped one is copied to the data folder first). A missing document or a
+    // missing Writer: an error text, nothing changed.
     void OpenTemplate(qint32 lngTemplateID, bool blnReadOnly, const QString& strDocument,
                       const QVariant& varReserved, bool blnVisible, QString& strErrorMessage,
                       QVariant& varReservedOut);
@@ -463,6 +465,8 @@ public:
     // starts the program detached; the controls route it through their Platform.
     using DocumentLauncher = std::function<bool(const QString& strProgram, const QString& strFile)>;
     static void SetDocumentLauncher(DocumentLauncher launcher);
+    // Writes the list of the fields a template may hold into a short document and opens it in
+    // Writer. Without Writer: an error text.
     void AddBrowserButtonsToWord(QString& strErrorMessage);
     // Fills the rich text box with a file: a .txt read as UTF-8 (or Windows-1252 when its
     // bytes are not UTF-8); a .rtf, .doc, .docx or .odt converted by LibreOffice Writer

@@ -368,9 +368,8 @@ private:
             const char* occasion;
             bool service;
         };
-        const T templates[] = {{"Order of Service", "Sunday", true},
-                               {"Wedding Order of Service", "Wedding", true},
-                               {"Hymn Sheet", "Sunday", false},
+        // Besides the two in-built ones that every new database holds.
+        const T templates[] = {{"Wedding Order of Service", "Wedding", true},
                                {"Reading Handout", "Bible Study", false}};
         for (const T& t : templates) {
             qint32 id = 0;

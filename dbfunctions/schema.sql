@@ -251,3 +251,14 @@ INSERT INTO ServiceItems (ServiceItemID, ServiceItemTypeID, ServiceItemDescripti
     VALUES (1, 0, 'Blank', '2000-01-01 00:00:00');
 --;
 INSERT INTO Options (OptionsID) VALUES (1);
+--;
+-- The two in-built templates. Their documents ship with the program and are stored by their
+-- bare file name; each is copied to the templates folder of the data folder when first needed.
+INSERT INTO Templates (TemplateDescription, TemplateOccasion, TemplateAuthor, TemplateNotes,
+                       TemplateDateCreated, IsInBuilt, IsServiceTemplate, TemplateFilename)
+    VALUES ('Order of Service', 'Sunday', 'Corvantis',
+            'The order of a service: its name, theme and date, then one line for each row.',
+            '2026-01-01 00:00:00', 1, 1, 'ServiceSheet.fodt'),
+           ('Song Sheet', 'Sunday', 'Corvantis',
+            'One song or text: its title and words, with its source and copyright.',
+            '2026-01-01 00:00:00', 1, 0, 'SongSheet.fodt');

@@ -819,20 +819,6 @@ private slots:
         QVERIFY(!lines);
     }
 
-    // ---- Operations of a later release -------------------------------------------------
-    void operationsOfALaterReleaseSayTheyAreNotAvailable() {
-        TestDatabase db;
-        const int before = db.Count("Templates") + db.Count("ServiceItems");
-        QString error;
-        const auto check = [&](const char* name) {
-            QVERIFY2(error.contains("not available yet"), name);
-            error.clear();
-        };
-        da().AddBrowserButtonsToWord(error);
-        check("AddBrowserButtonsToWord");
-        QCOMPARE(db.Count("Templates") + db.Count("ServiceItems"), before);
-    }
-
     void errorsGoToTheTraceWithTheLibraryPrefix() {
         TestDatabase db;
         QString error;

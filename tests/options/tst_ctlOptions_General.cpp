@@ -356,6 +356,10 @@ void tst_ctlOptions_General::cancellingTheDatabaseDialogChangesNothingAndSaysNot
 }
 
 void tst_ctlOptions_General::wordButtonShowsTheLibrarysErrorTextInAPlainBox() {
+    // Without Writer on the PATH the data library answers with an error text.
+    const QByteArray oldPath = qgetenv("PATH");
+    qputenv("PATH", QByteArray("/nonexistent"));
+    const auto restorePath = qScopeGuard([&] { qputenv("PATH", oldPath); });
     ScriptedPlatform platform;
     ctlOptions options;
     QString strExpected;

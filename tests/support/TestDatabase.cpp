@@ -7,7 +7,7 @@
 #include <QSqlError>
 #include <QSqlQuery>
 
-TestDatabase::TestDatabase() {
+TestDatabase::TestDatabase(Seeds seeds) {
     if (!m_dir.isValid()) {
         m_lastError = QStringLiteral("No temporary folder could be made.");
         return;
@@ -19,6 +19,9 @@ TestDatabase::TestDatabase() {
     m_valid = error.isEmpty();
     if (m_valid)
         DataAccess::Instance().SetContentFolder(ContentFolder());
+    if (m_valid && seeds == WithoutInBuiltTemplates)
+        m_valid = Exec(QStringLiteral("DELETE FROM Templates")) &&
+                  Exec(QStringLiteral("DELETE FROM sqlite_sequence WHERE name = 'Templates'"));
 }
 
 TestDatabase::~TestDatabase() {

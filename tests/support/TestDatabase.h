@@ -71,7 +71,11 @@ public:
         QString notes;
     };
 
-    TestDatabase();
+    // A new database holds the two in-built templates; most suites want none, so that their own
+    // templates are the only ones and are numbered from 1.
+    enum Seeds { WithoutInBuiltTemplates, WithInBuiltTemplates };
+
+    explicit TestDatabase(Seeds seeds = WithoutInBuiltTemplates);
     ~TestDatabase();
     TestDatabase(const TestDatabase&) = delete;
     TestDatabase& operator=(const TestDatabase&) = delete;

@@ -5,7 +5,7 @@
 // data library finds a word processor. Launches go through ScriptedPlatform,
 // which records them and runs nothing.
 //
-// RunningWriter starts a process of this user named soffice (a copy of sleep),
+// RunningWriter starts a process of this user named soffice (a waiting script),
 // which is what the word processor's running test looks for; it is ended when
 // the object goes.
 
@@ -42,18 +42,26 @@ private:
 
 class RunningWriter {
 public:
-    RunningWriter() {
-        const QString strSleep = QStandardPaths::findExecutable(QStringLiteral("sleep"));
+    // The process is a shell script named soffice that waits, started with the given
+    // arguments, so that a converter's command line can be imitated too.
+    explicit RunningWriter(const QStringList& lstArguments = {}) {
         const QString strProgram = m_dir.path() + QStringLiteral("/soffice");
-        if (strSleep.isEmpty() || !QFile::copy(strSleep, strProgram))
+        QFile file(strProgram);
+        if (!file.open(QIODevice::WriteOnly) ||
+            file.write("#!/bin/sh\nwhile :; do sleep 1; done\n") <= 0)
             return;
-        m_process.start(strProgram, {QStringLiteral("60")});
+        file.close();
+        if (!file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner))
+            return;
+        m_process.start(strProgram, lstArguments);
         m_started = m_process.waitForStarted();
     }
-    ~RunningWriter() {
+    ~RunningWriter() { Stop(); }
+    void Stop() {
         if (m_started) {
             m_process.kill();
             m_process.waitForFinished();
+            m_started = false;
         }
     }
     RunningWriter(const RunningWriter&) = delete;

@@ -20,6 +20,7 @@ private slots:
     void writerIsInstalledWhenSofficeIsOnThePath();
     void writerIsNotInstalledWithoutIt();
     void writerRunsWhileASofficeOfThisUserRuns();
+    void aHeadlessConverterIsNoRunningWriter();
     void newTemplateWritesTheStartingDocumentAndOpensIt();
     void newTemplateWithoutOpeningLaunchesNothing();
     void newTemplateWithoutWriterCreatesNothing();
@@ -27,6 +28,11 @@ private slots:
     void openTemplateOfAMovedDocumentSaysSoAndChangesNothing();
     void openTemplateWithoutWriterSaysSo();
     void aFailedLaunchIsReported();
+    void openingAnInBuiltTemplateCopiesItsShippedDocumentFirst();
+    void anInBuiltTemplateWhoseCopyWasDeletedIsCopiedAgain();
+    void aServiceItemTemplateWithoutDocumentStartsFromTheSongSheet();
+    void theFieldListIsWrittenAndOpenedInWriter();
+    void withoutWriterTheFieldListSaysSoAndOpensNothing();
 
 private:
     QString FileOf(qint32 lngID) const;
@@ -89,6 +95,19 @@ void tst_DataAccess_WordProcessor::writerRunsWhileASofficeOfThisUserRuns() {
     QVERIFY(!blnRunning);
 }
 
+void tst_DataAccess_WordProcessor::aHeadlessConverterIsNoRunningWriter() {
+    RunningWriter converter({QStringLiteral("-env:UserInstallation=file:///tmp/profile"),
+                             QStringLiteral("--headless")});
+    QVERIFY(converter.IsRunning());
+    RunningWriter writer;
+    QVERIFY(writer.IsRunning());
+    bool blnRunning = false;
+    QTRY_VERIFY((DataAccess::Instance().IsWordRunning(blnRunning), blnRunning));
+    writer.Stop();
+    DataAccess::Instance().IsWordRunning(blnRunning);
+    QVERIFY(!blnRunning);
+}
+
 void tst_DataAccess_WordProcessor::newTemplateWritesTheStartingDocumentAndOpensIt() {
     QVERIFY(m_db->Exec(QStringLiteral("UPDATE Options SET ChurchName = 'St Mary & All Saints'")));
     QString strError;
@@ -103,7 +122,8 @@ void tst_DataAccess_WordProcessor::newTemplateWritesTheStartingDocumentAndOpensI
     const QString strXml = QString::fromUtf8(file.readAll());
     QVERIFY(strXml.contains(QStringLiteral("St Mary &amp; All Saints")));
     QVERIFY(strXml.contains(QStringLiteral("text:name=\"ServiceName\"")));
-    QVERIFY(strXml.contains(QStringLiteral("opendocument.text-template")));
+    QVERIFY(strXml.contains(
+        QStringLiteral("office:mimetype=\"application/vnd.oasis.opendocument.text\"")));
     QCOMPARE(m_platform->ShellCalls().size(), 1);
     QCOMPARE(m_platform->ShellCalls().first().File, m_writer->Program());
     QCOMPARE(m_platform->ShellCalls().first().Params, QStringLiteral("\"%1\"").arg(strFile));
@@ -172,6 +192,85 @@ void tst_DataAccess_WordProcessor::aFailedLaunchIsReported() {
     DataAccess::Instance().OpenTemplate(lngID, strError);
     QVERIFY(strError.contains(QStringLiteral("could not be started")));
     QCOMPARE(m_platform->ShellCalls().size(), 1);
+}
+
+void tst_DataAccess_WordProcessor::openingAnInBuiltTemplateCopiesItsShippedDocumentFirst() {
+    TestDatabase db(TestDatabase::WithInBuiltTemplates);
+    QVERIFY(db.Exec(QStringLiteral("UPDATE Options SET ChurchName = 'Grace Chapel'")));
+    const qint32 lngID =
+        db.Scalar(QStringLiteral("SELECT TemplateID FROM Templates WHERE TemplateFilename = "
+                                 "'ServiceSheet.fodt'"))
+            .toInt();
+    QVERIFY(lngID > 0);
+    QString strError;
+    DataAccess::Instance().OpenTemplate(lngID, strError);
+    QVERIFY2(strError.isEmpty(), qPrintable(strError));
+    const QString strCopy = db.Folder() + QStringLiteral("/Templates/ServiceSheet.fodt");
+    QFile file(strCopy);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY(file.readAll().contains("office:string-value=\"Grace Chapel\""));
+    QCOMPARE(m_platform->ShellCalls().size(), 1);
+    QCOMPARE(m_platform->ShellCalls().first().Params, QStringLiteral("\"%1\"").arg(strCopy));
+    QCOMPARE(db.Scalar(QStringLiteral("SELECT TemplateFilename FROM Templates WHERE TemplateID = "
+                                      "?"),
+                       {lngID})
+                 .toString(),
+             QStringLiteral("ServiceSheet.fodt"));
+}
+
+void tst_DataAccess_WordProcessor::anInBuiltTemplateWhoseCopyWasDeletedIsCopiedAgain() {
+    TestDatabase db(TestDatabase::WithInBuiltTemplates);
+    const qint32 lngID =
+        db.Scalar(QStringLiteral("SELECT TemplateID FROM Templates WHERE TemplateFilename = "
+                                 "'SongSheet.fodt'"))
+            .toInt();
+    QString strError;
+    DataAccess::Instance().OpenTemplate(lngID, strError);
+    const QString strCopy = db.Folder() + QStringLiteral("/Templates/SongSheet.fodt");
+    QVERIFY(QFile::remove(strCopy));
+    DataAccess::Instance().OpenTemplate(lngID, strError);
+    QVERIFY2(strError.isEmpty(), qPrintable(strError));
+    QVERIFY(QFile::exists(strCopy));
+    QCOMPARE(m_platform->ShellCalls().size(), 2);
+}
+
+void tst_DataAccess_WordProcessor::aServiceItemTemplateWithoutDocumentStartsFromTheSongSheet() {
+    const qint32 lngID = m_db->AddTemplate(QStringLiteral("Hymn words"), false);
+    QString strError;
+    DataAccess::Instance().OpenTemplate(lngID, strError);
+    QVERIFY2(strError.isEmpty(), qPrintable(strError));
+    QFile file(FileOf(lngID));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray xml = file.readAll();
+    QVERIFY(xml.contains("text:name=\"ItemWords\""));
+    QVERIFY(!xml.contains("text:name=\"RowTitle\""));
+}
+
+void tst_DataAccess_WordProcessor::theFieldListIsWrittenAndOpenedInWriter() {
+    QString strError;
+    DataAccess::Instance().AddBrowserButtonsToWord(strError);
+    QVERIFY2(strError.isEmpty(), qPrintable(strError));
+    const QString strList = m_db->Folder() + QStringLiteral("/Templates/Template Fields.fodt");
+    QFile file(strList);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray xml = file.readAll();
+    for (const char* name : {"ServiceName: ", "RowTitle: ", "ItemWords: ", "ChurchName: "})
+        QVERIFY2(xml.contains(name), name);
+    QVERIFY(xml.contains("Insert &gt; Field &gt; More Fields"));
+    QCOMPARE(m_platform->ShellCalls().size(), 1);
+    QCOMPARE(m_platform->ShellCalls().first().File, m_writer->Program());
+    QCOMPARE(m_platform->ShellCalls().first().Params, QStringLiteral("\"%1\"").arg(strList));
+}
+
+void tst_DataAccess_WordProcessor::withoutWriterTheFieldListSaysSoAndOpensNothing() {
+    m_writer.reset();
+    const QByteArray oldPath = qgetenv("PATH");
+    qputenv("PATH", QByteArray("/nonexistent"));
+    QString strError;
+    DataAccess::Instance().AddBrowserButtonsToWord(strError);
+    qputenv("PATH", oldPath);
+    QVERIFY(strError.contains(QStringLiteral("LibreOffice Writer cannot be found")));
+    QCOMPARE(m_platform->ShellCalls().size(), 0);
 }
 
 QTEST_MAIN(tst_DataAccess_WordProcessor)

@@ -1,6 +1,7 @@
 // The template editor: showing a template, its caption rules, the save through
 // the editor cycle, the in-built label and the one open per display.
 #include "DataAccess.h"
+#include "FakeWriter.h"
 #include "ScriptedPlatform.h"
 #include "TestDatabase.h"
 #include "foundations/VBConstants.h"
@@ -39,6 +40,7 @@ private slots:
     void canUnloadSavesOnYes();
     void noUpdateEventFollowsASave();
     void clickingTheTabDiscardsEditsButKeepsTheButton();
+    void openingAnInBuiltTemplateOpensItsCopyInTheDataFolder();
 
 private:
     QVariant Field(qint32 id, const char* field) const;
@@ -289,6 +291,24 @@ void tst_ctlTemplate::clickingTheTabDiscardsEditsButKeepsTheButton() {
     QCOMPARE(editor.txtTemplateDescription->text(), QStringLiteral("Order of Service"));
     QVERIFY(!editor.IsGeneralDirty());
     QVERIFY(editor.cmdApplyChanges->isEnabled());
+}
+
+void tst_ctlTemplate::openingAnInBuiltTemplateOpensItsCopyInTheDataFolder() {
+    TestDatabase db(TestDatabase::WithInBuiltTemplates);
+    FakeWriter writer;
+    QVERIFY(writer.IsValid());
+    const qint32 lngID = db.Scalar(QStringLiteral("SELECT TemplateID FROM Templates WHERE "
+                                                  "TemplateFilename = 'ServiceSheet.fodt'"))
+                             .toInt();
+    ctlTemplate editor;
+    editor.setItems(QString::number(lngID));
+    editor.ShowProperties();
+    QCOMPARE(editor.lblSource->text(), QStringLiteral("In Built"));
+    editor.cmdOpenTemplate->click();
+    QCOMPARE(m_platform->BoxCount(), 0);
+    QCOMPARE(m_platform->ShellCalls().size(), 1);
+    QCOMPARE(m_platform->ShellCalls().first().Params,
+             QStringLiteral("\"%1/Templates/ServiceSheet.fodt\"").arg(db.Folder()));
 }
 
 QTEST_MAIN(tst_ctlTemplate)
