@@ -129,9 +129,11 @@ namespace {
 QHash<qint32, qint32> FirstRowOfEachItem(Recordset& rs) {
     QHash<qint32, qint32> firstRowOf;
     firstRowOf.reserve(rs.RecordCount());
-    for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext())
-        firstRowOf.try_emplace(VB::CLng(rs.Fields(QStringLiteral("ServiceItems.ServiceItemID"))),
-                               rs.AbsolutePosition());
+    for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext()) {
+        const qint32 lngID = VB::CLng(rs.Fields(QStringLiteral("ServiceItems.ServiceItemID")));
+        if (!firstRowOf.contains(lngID))
+            firstRowOf.insert(lngID, rs.AbsolutePosition());
+    }
     return firstRowOf;
 }
 } // namespace
