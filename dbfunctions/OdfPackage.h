@@ -4,6 +4,8 @@
 #include <QList>
 #include <QString>
 
+#include "ZipArchive.h"
+
 // An OpenDocument file as the template code reads and writes it: either the zipped package
 // (.ott, .odt) or the single flat XML file (.fott, .fodt). Only the XML parts that a sheet fills
 // are opened: content.xml and styles.xml of a package, the whole file of a flat document. Every
@@ -23,24 +25,9 @@ public:
     bool Write(const QString& strPath, QString& strError) const;
 
 private:
-    struct Entry {
-        QString name;
-        quint16 method = 0;
-        quint16 modTime = 0;
-        quint16 modDate = 0;
-        quint32 crc = 0;
-        quint32 uncompressedSize = 0;
-        QByteArray raw;   // the stored bytes as they stand in the file
-        QByteArray plain; // set for an XML part that was opened or replaced
-        bool replaced = false;
-    };
-    bool ReadZip(const QByteArray& file, QString& strError);
-    static bool ReadEntry(const QByteArray& file, qsizetype at, Entry& entry, qsizetype& next,
-                          QString& strError);
-    static bool Inflate(const Entry& entry, QByteArray& plain);
-    const Entry* Find(const QString& strName) const;
+    const Zip::Entry* Find(const QString& strName) const;
 
     bool m_flat = false;
     QByteArray m_flatXml;
-    QList<Entry> m_entries;
+    QList<Zip::Entry> m_entries;
 };
