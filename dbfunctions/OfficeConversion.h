@@ -66,6 +66,8 @@ public:
     // Stops a running conversion: LibreOffice is ended, Finished reports it stopped.
     void Stop();
     bool IsRunning() const;
+    // True when the last conversion was ended because its time limit was over.
+    bool StoppedAtTimeLimit() const { return m_stopReason == QStringLiteral("time"); }
     // The folder of the last conversion's output (empty before any).
     QString WorkFolder() const;
 
