@@ -2,15 +2,9 @@
 
 #include "ServiceItemPick.h"
 
-#include <QDialog>
+#include "foundations/ListPickerDialog.h"
 #include <QList>
 #include <QString>
-
-class QLabel;
-class QPushButton;
-class QTreeWidgetItem;
-class RKLvwBannerFilter;
-class VBTreeWidget;
 
 // The dialog with which the data library asks for one service item of a type
 // (DataAccess::PickServiceItem, for instance the music item of another item):
@@ -23,7 +17,7 @@ class VBTreeWidget;
 //
 // The Qt platform shows it (Platform::PickServiceItem); the controls library
 // installs that as the data library's picker when it is linked.
-class ServiceItemPickerDialog : public QDialog {
+class ServiceItemPickerDialog : public ListPickerDialog {
     Q_OBJECT
 public:
     ServiceItemPickerDialog(const QString& strTypeName,
@@ -31,17 +25,5 @@ public:
                             QWidget* parent = nullptr);
 
     // The item selected (and shown), 0 for none.
-    qint32 ChosenServiceItemID() const;
-
-private slots:
-    void lvwServiceItems_DblClick(QTreeWidgetItem* item);
-    void fltServiceItems_FilterApplied();
-    void SetUpButtons();
-
-private:
-    QLabel* lblPrompt = nullptr;
-    RKLvwBannerFilter* fltServiceItems = nullptr;
-    VBTreeWidget* lvwServiceItems = nullptr;
-    QPushButton* cmdOK = nullptr;
-    QPushButton* cmdCancel = nullptr;
+    qint32 ChosenServiceItemID() const { return ChosenID(); }
 };

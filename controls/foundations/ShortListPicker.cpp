@@ -3,16 +3,12 @@
 #include "DataAccess.h"
 #include "Recordset.h"
 #include "foundations/Platform.h"
-#include "foundations/RKLvwBannerFilter.h"
 #include "foundations/VBTreeWidget.h"
 
 #include <QApplication>
-#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLocale>
-#include <QPushButton>
-#include <QVBoxLayout>
 
 #include <algorithm>
 
@@ -85,26 +81,14 @@ qint32 Platform::SelectShortList(const QList<ShortListChoice>& choices) {
 // ---- The dialog -------------------------------------------------------------------------------
 
 ShortListPickerDialog::ShortListPickerDialog(const QList<ShortListChoice>& choices, QWidget* parent)
-    : QDialog(parent) {
+    : ListPickerDialog(QStringLiteral("fltShortLists"), QStringLiteral("lvwShortLists"),
+                       tr("Short-Lists"), parent) {
     setWindowTitle(tr("Select a Short-List"));
-    lblPrompt = new QLabel(tr("Choose the Short-List to show:"), this);
-    lblPrompt->setObjectName(QStringLiteral("lblPrompt"));
-    fltShortLists = new RKLvwBannerFilter(this);
-    fltShortLists->setObjectName(QStringLiteral("fltShortLists"));
-    fltShortLists->setItemDescription(tr("Short-Lists"));
-    lvwShortLists = new VBTreeWidget(this);
-    lvwShortLists->setObjectName(QStringLiteral("lvwShortLists"));
-    lvwShortLists->SetListView();
+    Prompt()->setText(tr("Choose the Short-List to show:"));
+    VBTreeWidget* lvwShortLists = List();
     lvwShortLists->AddColumnHeader(QStringLiteral("Description"), tr("Description"), 3600);
     lvwShortLists->AddColumnHeader(QStringLiteral("Created"), tr("Created Date"), 1500);
     lvwShortLists->AddColumnHeader(QStringLiteral("By"), tr("Created By"), 1800);
-    lvwShortLists->setSelectionMode(QAbstractItemView::SingleSelection);
-    cmdOK = new QPushButton(tr("OK"), this);
-    cmdOK->setObjectName(QStringLiteral("cmdOK"));
-    cmdOK->setDefault(true);
-    cmdCancel = new QPushButton(tr("Cancel"), this);
-    cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
-
     for (const ShortListChoice& choice : choices) {
         VBNode item = lvwShortLists->AddItem(QStringLiteral("ShortList;%1").arg(choice.ShortListID),
                                              choice.Description);
@@ -114,59 +98,5 @@ ShortListPickerDialog::ShortListPickerDialog(const QList<ShortListChoice>& choic
                              QLocale().toString(choice.DateCreated.date(), QLocale::ShortFormat));
         item.setSubItems(2, choice.CreatedBy);
     }
-
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdOK);
-    buttons->addWidget(cmdCancel);
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(lblPrompt);
-    layout->addWidget(fltShortLists);
-    layout->addWidget(lvwShortLists, 1);
-    layout->addLayout(buttons);
-    resize(560, 360);
-
-    connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
-    connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-    connect(lvwShortLists, &QTreeWidget::itemDoubleClicked, this,
-            &ShortListPickerDialog::lvwShortLists_DblClick);
-    connect(lvwShortLists, &QTreeWidget::itemSelectionChanged, this,
-            &ShortListPickerDialog::SetUpButtons);
-    connect(fltShortLists, &RKLvwBannerFilter::FilterApplied, this,
-            &ShortListPickerDialog::fltShortLists_FilterApplied);
-    fltShortLists->setListView(lvwShortLists);
-    if (lvwShortLists->topLevelItemCount() > 0)
-        lvwShortLists->setCurrentItem(lvwShortLists->topLevelItem(0));
-    SetUpButtons();
-    fltShortLists->setFocus();
-}
-
-qint32 ShortListPickerDialog::ChosenShortListID() const {
-    for (const QTreeWidgetItem* item : lvwShortLists->selectedItems()) {
-        if (!item->isHidden())
-            return item->data(0, VBRole::Tag).toInt();
-    }
-    return 0;
-}
-
-void ShortListPickerDialog::lvwShortLists_DblClick(QTreeWidgetItem* item) {
-    lvwShortLists->setCurrentItem(item);
-    accept();
-}
-
-void ShortListPickerDialog::fltShortLists_FilterApplied() {
-    if (ChosenShortListID() == 0) {
-        for (int i = 0; i < lvwShortLists->topLevelItemCount(); ++i) {
-            QTreeWidgetItem* item = lvwShortLists->topLevelItem(i);
-            if (!item->isHidden()) {
-                lvwShortLists->setCurrentItem(item);
-                break;
-            }
-        }
-    }
-    SetUpButtons();
-}
-
-void ShortListPickerDialog::SetUpButtons() {
-    cmdOK->setEnabled(ChosenShortListID() != 0);
+    Finish(560, 360);
 }

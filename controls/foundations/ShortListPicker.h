@@ -1,15 +1,10 @@
 #pragma once
 
 #include <QDateTime>
-#include <QDialog>
 #include <QList>
 #include <QString>
 
-class QLabel;
-class QPushButton;
-class QTreeWidgetItem;
-class RKLvwBannerFilter;
-class VBTreeWidget;
+#include "foundations/ListPickerDialog.h"
 
 // One saved short-list as the picker offers it.
 struct ShortListChoice {
@@ -45,24 +40,12 @@ private:
 // short-list; while a filter hides the selected one, the first shown is
 // selected, so that typing part of a name and pressing Enter chooses it.
 // Escape cancels.
-class ShortListPickerDialog : public QDialog {
+class ShortListPickerDialog : public ListPickerDialog {
     Q_OBJECT
 public:
     explicit ShortListPickerDialog(const QList<ShortListChoice>& choices,
                                    QWidget* parent = nullptr);
 
     // The short-list selected (and shown), 0 for none.
-    qint32 ChosenShortListID() const;
-
-private slots:
-    void lvwShortLists_DblClick(QTreeWidgetItem* item);
-    void fltShortLists_FilterApplied();
-    void SetUpButtons();
-
-private:
-    QLabel* lblPrompt = nullptr;
-    RKLvwBannerFilter* fltShortLists = nullptr;
-    VBTreeWidget* lvwShortLists = nullptr;
-    QPushButton* cmdOK = nullptr;
-    QPushButton* cmdCancel = nullptr;
+    qint32 ChosenShortListID() const { return ChosenID(); }
 };
