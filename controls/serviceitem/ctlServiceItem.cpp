@@ -87,6 +87,7 @@ void ctlServiceItem::ConnectWidgets() {
 
     connect(txtContent, &QTextEdit::textChanged, this, &ctlServiceItem::txtContent_Change);
     connect(txtFilename, &QLineEdit::textChanged, this, &ctlServiceItem::txtFilename_Change);
+    ConnectContentSources();
 
     for (QAbstractButton* option : std::initializer_list<QAbstractButton*>{
              chkHideDetails, chkShowSubPointsOneByOne, optShowEntireSI, optShowAsMuchAsWillFit,
@@ -160,17 +161,6 @@ QString ctlServiceItem::WhereThisItem() const {
     return QStringLiteral("ServiceItems.ServiceItemID = ") + QString::number(lngServiceItemID);
 }
 
-void ctlServiceItem::ShowPowerPointFile(const QString& strPowerPointFile, QWidget* objParent,
-                                        QString& strErrorMessage) {
-    Entry("ShowPowerPointFile").Arg(QStringLiteral("strPowerPointFile"), strPowerPointFile).Enter();
-    Q_UNUSED(objParent);
-    // Presentations are shown inside the editor by the content sources; until
-    // then the caller is told so instead of seeing nothing happen.
-    strErrorMessage = QStringLiteral("Showing a presentation inside the editor is not available "
-                                     "yet: ") +
-                      strPowerPointFile;
-}
-
 // ---------------------------------------------------------------- Showing one item
 
 void ctlServiceItem::ShowProperties(::ViewMode Mode) {
@@ -181,6 +171,7 @@ void ctlServiceItem::ShowProperties(::ViewMode Mode) {
                            .Enter();
     entry.ErrorBox([&] {
         blnShowingProperties = true;
+        ClosePowerPoint();
         MediaPlayer1->Stop();
         CleanControl(false);
         blnGeneralLoaded = blnContentLoaded = blnRunDetailsLoaded = blnPropBagLoaded =
@@ -360,6 +351,7 @@ void ctlServiceItem::UserControl_LostFocus() {
     const auto entry = Entry("UserControl_LostFocus").Enter();
     entry.Guarded([&] {
         MediaPlayer1->Stop();
+        ClosePowerPoint();
         CleanControl(true);
     });
 }

@@ -11,6 +11,7 @@ class EditorCycle;
 class ListManager;
 class MediaPlayer;
 class PointList;
+class PresentationView;
 class QCheckBox;
 class QComboBox;
 class QFileDialog;
@@ -63,7 +64,9 @@ public:
     void ShowProperties(::ViewMode Mode = vmEdit);
     // 1 passed, 2 an error text came back, 3 refused with the message shown.
     qint16 DoChecks(QString& strErrorMessage);
-    // Shows a presentation inside objParent; comes with the content sources.
+    // Shows the slides of a presentation over objParent (txtFileContent when the
+    // user double clicks a presentation's name), converted by LibreOffice
+    // Impress; strErrorMessage says why a file cannot be shown.
     void ShowPowerPointFile(const QString& strPowerPointFile, QWidget* objParent,
                             QString& strErrorMessage);
 
@@ -123,6 +126,9 @@ public:
     QPushButton* cmdBrowse = nullptr;
     QFileDialog* CommonDialog1 = nullptr;
     QTextEdit* txtContent = nullptr;
+    // The slides of the presentation opened by a double click, shown over
+    // txtFileContent; nullptr when none is open (ShowPowerPointFile).
+    PresentationView* objPowerPoint = nullptr;
 
     // Run Mode Details
     QGroupBox* fraDisplay = nullptr;
@@ -202,6 +208,8 @@ private slots:
     void ListManager_Changed(ListManager* lmg);
     void txtContent_Change();
     void txtFilename_Change();
+    void cmdBrowse_Click();
+    void txtFileContent_DblClick();
     void RunDetail_Change();
     void chkShowAsPointsList_Click();
     void optVerseByVerse_Click();
@@ -240,6 +248,23 @@ private:
     void SetTabsForType(qint32 lngTypeID);
     void LoadTab(qint16 intTab);
     qint32 SelectedTypeImage() const;
+
+    // Content sources: what each file shows, choosing, dropping and opening a
+    // file, and the presentation (ctlServiceItem_Content*.cpp)
+    void ConnectContentSources();
+    void ConnectContentDrops();
+    void ResetContentBoxes();
+    void NameContentFile(const QString& strPath);
+    void ShowContentPicture(const QString& strPath);
+    void ShowContentMusic(const QString& strPath);
+    void ClearContentPicture();
+    void SetContentPicture(const QString& strPath, const QSize& szTwips);
+    void txtContent_OLEDragDrop(const QStringList& Files);
+    void txtFilename_OLEDragDrop(const QStringList& Files);
+    QString TakeDroppedFile(const QStringList& Files);
+    void ClosePowerPoint();
+    bool blnOpeningPresentation = false; // ShowPowerPointFile is waiting for LibreOffice
+    bool blnClosePresentation = false;   // closed meanwhile: ShowPowerPointFile ends it
 
     // Prop bag (ctlServiceItem_PropBag.cpp)
     void LoadPropBagTab();

@@ -6,27 +6,28 @@
 #include "foundations/MemberEntry.h"
 #include "foundations/Platform.h"
 #include "foundations/SSTab.h"
+#include "foundations/Twips.h"
 #include "foundations/VBRuntime.h"
 #include "run/MediaPlayer.h"
+#include "serviceitem/ContentFiles.h"
 
 #include <QDir>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPixmap>
 #include <QPushButton>
 #include <QTextEdit>
 
 // The Content tab: text typed by hand, or a file named in txtFilename (its
-// full path in the box's "Tag" property, its name as the text).
-//
-// What is here: the tab filled per type from the stored item, typing by hand
-// (with the question when a file is named, and the description taken from the
-// first words), and the content stored by the save. What comes with the
-// content sources: choosing a file (cmdBrowse_Click), what each kind of file
-// shows (the rest of txtFilename_Change, the fit of a picture, the player of a
-// music file), dropping files, opening a file by a double click into
-// txtFileContent, and showing a presentation (ShowPowerPointFile and its
-// closing).
+// full path in the box's "Tag" property and its tool tip, its name as the
+// text). This file fills the tab per type from the stored item, keeps typed
+// text and a file apart, and shows what the named file is: a picture fitted to
+// the tab, the music player for a piece of music, or the invitation to open a
+// document or presentation by a double click. Choosing and opening a file are
+// in ctlServiceItem_ContentFile.cpp, dropping one in
+// ctlServiceItem_ContentDrop.cpp, the rules of the file kinds in
+// ContentFiles.h.
 
 namespace {
 MemberEntry Entry(const char* member) {
@@ -35,9 +36,14 @@ MemberEntry Entry(const char* member) {
 
 const char* const kTag = "Tag";
 
-QString Invitation() {
-    return QStringLiteral("Please double click this box to open the file that is named below. "
-                          "This operation may take a few moments");
+void ResetFont(QTextEdit* box) {
+    QFont font(QStringLiteral("Arial"), 10);
+    font.setBold(false);
+    font.setItalic(false);
+    font.setUnderline(false);
+    font.setStrikeOut(false);
+    box->document()->setDefaultFont(font);
+    box->setCurrentFont(font);
 }
 } // namespace
 
@@ -70,9 +76,8 @@ void ctlServiceItem::LoadContent() {
         txtFilename->setToolTip(QString());
         txtFilename->setProperty(kTag, QString());
         txtFilename->clear();
-        imgContent->clear();
-        txtContent->clear();
-        txtFileContent->clear();
+        ClearContentPicture();
+        ResetContentBoxes();
 
         switch (lngTypeID) {
         case 4:
@@ -104,11 +109,9 @@ void ctlServiceItem::LoadContent() {
             fraListenToMusic->hide();
             txtContent->hide();
             SSTab2->setTab(0);
-            txtFileContent->setPlainText(
-                strFile.isEmpty() ? QStringLiteral("Please click the browse button to select a "
-                                                   "file that will be your responsive reading "
-                                                   "Service Item")
-                                  : Invitation());
+            txtFileContent->setPlainText(strFile.isEmpty() ? ContentFiles::BrowseInvitation()
+                                                           : ContentFiles::DoubleClickInvitation());
+            txtFileContent->raise();
             break;
         default:
             SSTab2->setTabEnabled(1, true);
@@ -118,11 +121,12 @@ void ctlServiceItem::LoadContent() {
             txtContent->show();
             if (!strFile.isEmpty()) {
                 SSTab2->setTab(0);
-                txtFileContent->setPlainText(Invitation());
+                txtFileContent->setPlainText(ContentFiles::DoubleClickInvitation());
             } else if (!strContent.isEmpty()) {
                 SSTab2->setTab(1);
                 txtContent->setPlainText(strContent);
             }
+            txtContent->raise();
             break;
         }
 
@@ -137,6 +141,7 @@ void ctlServiceItem::LoadContent() {
             txtFilename->setToolTip(strPath);
             txtFilename->setText(
                 VB::Text(rs->Fields(QStringLiteral("ServiceItemFileDescription"))));
+            txtFileContent->raise();
         }
         rs.reset();
         Platform::Current().DoEvents();
@@ -162,18 +167,109 @@ void ctlServiceItem::txtContent_Change() {
             txtFileContent->clear();
         }
         // An item without a description takes its first line, or its first words.
-        if (txtDescription->text().isEmpty()) {
-            const QString strContent = txtContent->toPlainText();
-            const qsizetype lngBreak = strContent.left(50).indexOf(QLatin1Char('\n'));
-            txtDescription->setText(lngBreak >= 0 ? strContent.left(lngBreak).trimmed()
-                                                  : strContent.left(25));
-        }
+        if (txtDescription->text().isEmpty())
+            txtDescription->setText(
+                ContentFiles::DescriptionFromContent(txtContent->toPlainText()));
         blnContentTextChanged = true;
         Changed(TabContent);
     });
 }
 
+// Empties both text boxes with their font reset, and the music frame of what
+// it said about the previous item's file.
+void ctlServiceItem::ResetContentBoxes() {
+    fraListenToMusic->setTitle(QString());
+    txtContent->clear();
+    txtFileContent->clear();
+    ResetFont(txtContent);
+    ResetFont(txtFileContent);
+}
+
+// What the named file shows: a picture, the music player, or the invitation to
+// open it. The name typed into the description of an item without one is the
+// file's name.
 void ctlServiceItem::txtFilename_Change() {
-    Entry("txtFilename_Change").Enter();
-    Changed(TabContent);
+    const auto entry = Entry("txtFilename_Change").Enter();
+    entry.Guarded([&] {
+        Changed(TabContent);
+        const QString strName = txtFilename->text();
+        if (strName.isEmpty())
+            return;
+        if (txtDescription->text().isEmpty())
+            txtDescription->setText(ContentFiles::DescriptionFromFileName(strName));
+        const QString strPath = txtFilename->property(kTag).toString();
+        switch (ContentFiles::ShownAs(strName)) {
+        case ContentFiles::Shown::Picture:
+            ShowContentPicture(strPath);
+            break;
+        case ContentFiles::Shown::Music:
+            ShowContentMusic(strPath);
+            break;
+        case ContentFiles::Shown::Document:
+            imgContent->setEnabled(false);
+            imgContent->hide();
+            txtFileContent->show();
+            txtFileContent->setPlainText(ContentFiles::DoubleClickInvitation());
+            break;
+        }
+    });
+}
+
+void ctlServiceItem::ClearContentPicture() {
+    imgContent->clear();
+    imgContent->setToolTip(QString());
+    imgContent->setMinimumSize(0, 0);
+    imgContent->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    imgContent->hide();
+}
+
+// Shows the picture at strPath in imgContent at szTwips; a picture that cannot
+// be read leaves the box saying why.
+void ctlServiceItem::SetContentPicture(const QString& strPath, const QSize& szTwips) {
+    const QPixmap picture(Platform::LocalPath(strPath));
+    imgContent->setAlignment(Qt::AlignCenter);
+    if (picture.isNull()) {
+        imgContent->setMinimumSize(0, 0);
+        imgContent->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+        imgContent->setWordWrap(true);
+        imgContent->setText(
+            Platform::Current().FileExists(Platform::LocalPath(strPath))
+                ? QStringLiteral("The picture file %1 cannot be read.").arg(strPath)
+                : ContentFiles::MissingFileText(QStringLiteral("picture file"), strPath));
+        return;
+    }
+    const QSize szPixels(Twips::ToPixels(szTwips.width()), Twips::ToPixels(szTwips.height()));
+    imgContent->setFixedSize(szPixels);
+    imgContent->setPixmap(
+        picture.scaled(szPixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+}
+
+void ctlServiceItem::ShowContentPicture(const QString& strPath) {
+    imgContent->hide();
+    imgContent->setEnabled(false);
+    const QSize szNatural = QPixmap(Platform::LocalPath(strPath)).size();
+    const QSize szTab(Twips::FromPixels(SSTab2->width()), Twips::FromPixels(SSTab2->height()));
+    SetContentPicture(strPath,
+                      ContentFiles::FitPicture(QSize(Twips::FromPixels(szNatural.width()),
+                                                     Twips::FromPixels(szNatural.height())),
+                                               szTab));
+    imgContent->show();
+    imgContent->setEnabled(true);
+}
+
+// A piece of music goes to the player; one that has gone from its place says
+// so in the frame instead.
+void ctlServiceItem::ShowContentMusic(const QString& strPath) {
+    imgContent->setEnabled(false);
+    txtFileContent->hide();
+    fraListenToMusic->show();
+    const QString strLocal = Platform::LocalPath(strPath);
+    if (Platform::Current().FileExists(strLocal)) {
+        fraListenToMusic->setTitle(QString());
+        MediaPlayer1->setFileName(strLocal);
+    } else {
+        MediaPlayer1->setFileName(QString());
+        fraListenToMusic->setTitle(
+            ContentFiles::MissingFileText(QStringLiteral("music file"), strPath));
+    }
 }

@@ -207,6 +207,9 @@ QWidget* ctlServiceItem::CreateContentTab() {
     file->addWidget(fraListenToMusic);
     file->addWidget(fraOpeningFile);
     file->addLayout(fileRow);
+    // A picture keeps the size it was fitted to, with the file's name right
+    // under it; the space left over stays below.
+    file->addStretch();
     SSTab2->addTab(fileTab, QStringLiteral("Use a file as content"));
 
     auto* handTab = new QWidget;
