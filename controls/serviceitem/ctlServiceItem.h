@@ -259,6 +259,7 @@ private:
     void ShowContentMusic(const QString& strPath);
     void ClearContentPicture();
     void SetContentPicture(const QString& strPath, const QSize& szTwips);
+    void FitContentPicture();
     void txtContent_OLEDragDrop(const QStringList& Files);
     void txtFilename_OLEDragDrop(const QStringList& Files);
     QString TakeDroppedFile(const QStringList& Files);

@@ -14,6 +14,7 @@
 #include <QDir>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QPixmap>
 #include <QPushButton>
@@ -35,6 +36,18 @@ MemberEntry Entry(const char* member) {
 }
 
 const char* const kTag = "Tag";
+// The file of the picture fitted to the tab, kept on imgContent.
+const char* const kFittedPicture = "FittedPicture";
+
+// The room that the file page of SSTab2 gives its widgets, in twips: the
+// picture is fitted to it. Before the page was laid out, the tab's own size.
+QSize FilePageRoom(const SSTab* tab) {
+    const QWidget* page = tab->widget(0);
+    QRect rcRoom = page && page->layout() ? page->layout()->contentsRect() : QRect();
+    if (rcRoom.width() < 2 || rcRoom.height() < 2)
+        rcRoom = tab->rect();
+    return QSize(Twips::FromPixels(rcRoom.width()), Twips::FromPixels(rcRoom.height()));
+}
 
 void ResetFont(QTextEdit* box) {
     QFont font(QStringLiteral("Arial"), 10);
@@ -217,6 +230,7 @@ void ctlServiceItem::txtFilename_Change() {
 
 void ctlServiceItem::ClearContentPicture() {
     imgContent->clear();
+    imgContent->setProperty(kFittedPicture, QString());
     imgContent->setToolTip(QString());
     imgContent->setMinimumSize(0, 0);
     imgContent->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
@@ -224,9 +238,11 @@ void ctlServiceItem::ClearContentPicture() {
 }
 
 // Shows the picture at strPath in imgContent at szTwips; a picture that cannot
-// be read leaves the box saying why.
+// be read leaves the box saying why. The picture is read once (the pixmap
+// cache keeps it), so fitting it again as the tab changes size is cheap.
 void ctlServiceItem::SetContentPicture(const QString& strPath, const QSize& szTwips) {
-    const QPixmap picture(Platform::LocalPath(strPath));
+    QPixmap picture;
+    picture.load(Platform::LocalPath(strPath));
     imgContent->setAlignment(Qt::AlignCenter);
     if (picture.isNull()) {
         imgContent->setMinimumSize(0, 0);
@@ -238,8 +254,13 @@ void ctlServiceItem::SetContentPicture(const QString& strPath, const QSize& szTw
                 : ContentFiles::MissingFileText(QStringLiteral("picture file"), strPath));
         return;
     }
+    // The picture takes the size it was given where the tab has room for it,
+    // and is cut, never squeezed, where it has not; it never makes the editor
+    // larger.
     const QSize szPixels(Twips::ToPixels(szTwips.width()), Twips::ToPixels(szTwips.height()));
-    imgContent->setFixedSize(szPixels);
+    imgContent->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+    imgContent->setMinimumSize(0, 0);
+    imgContent->setMaximumSize(szPixels);
     imgContent->setPixmap(
         picture.scaled(szPixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
 }
@@ -247,14 +268,22 @@ void ctlServiceItem::SetContentPicture(const QString& strPath, const QSize& szTw
 void ctlServiceItem::ShowContentPicture(const QString& strPath) {
     imgContent->hide();
     imgContent->setEnabled(false);
-    const QSize szNatural = QPixmap(Platform::LocalPath(strPath)).size();
-    const QSize szTab(Twips::FromPixels(SSTab2->width()), Twips::FromPixels(SSTab2->height()));
-    SetContentPicture(strPath,
-                      ContentFiles::FitPicture(QSize(Twips::FromPixels(szNatural.width()),
-                                                     Twips::FromPixels(szNatural.height())),
-                                               szTab));
+    imgContent->setProperty(kFittedPicture, strPath);
+    FitContentPicture();
     imgContent->show();
     imgContent->setEnabled(true);
+}
+
+// Fits the picture that a named file shows to the room of the file page; done
+// again whenever that room changes (the page laid out, the window resized).
+void ctlServiceItem::FitContentPicture() {
+    const QString strPath = imgContent->property(kFittedPicture).toString();
+    if (strPath.isEmpty())
+        return;
+    QPixmap picture;
+    picture.load(Platform::LocalPath(strPath));
+    const QSize szNatural(Twips::FromPixels(picture.width()), Twips::FromPixels(picture.height()));
+    SetContentPicture(strPath, ContentFiles::FitPicture(szNatural, FilePageRoom(SSTab2)));
 }
 
 // A piece of music goes to the player; one that has gone from its place says

@@ -113,10 +113,12 @@ void ctlServiceItem::txtContent_OLEDragDrop(const QStringList& Files) {
         const QString strPicture = TakeDroppedFile(Files);
         if (strPicture.isEmpty())
             return;
-        const bool blnFitted = imgContent->minimumSize() == imgContent->maximumSize();
-        SetContentPicture(strPicture, blnFitted ? QSize(Twips::FromPixels(imgContent->width()),
-                                                        Twips::FromPixels(imgContent->height()))
-                                                : NaturalSize(strPicture));
+        const QSize szShown = imgContent->pixmap().size();
+        imgContent->setProperty("FittedPicture", QString());
+        SetContentPicture(strPicture, szShown.isEmpty()
+                                          ? NaturalSize(strPicture)
+                                          : QSize(Twips::FromPixels(szShown.width()),
+                                                  Twips::FromPixels(szShown.height())));
     });
 }
 
@@ -130,6 +132,7 @@ void ctlServiceItem::txtFilename_OLEDragDrop(const QStringList& Files) {
         if (strPicture.isEmpty())
             return;
         const QSize szNatural = NaturalSize(strPicture);
+        imgContent->setProperty("FittedPicture", QString());
         SetContentPicture(strPicture, szNatural);
         imgContent->hide();
         const qint32 lngWidest = Twips::FromPixels(SSTab1->width()) - 200;

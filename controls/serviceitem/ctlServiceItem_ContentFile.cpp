@@ -4,6 +4,7 @@
 #include "foundations/MemberEntry.h"
 #include "foundations/Platform.h"
 #include "foundations/PresentationView.h"
+#include "foundations/SSTab.h"
 #include "foundations/VBError.h"
 #include "foundations/modQVLTControls.h"
 #include "serviceitem/ContentFiles.h"
@@ -43,6 +44,11 @@ void ctlServiceItem::ConnectContentSources() {
         return true;
     });
     ConnectContentDrops();
+    ContentFiles::OnEvent(SSTab2->widget(0), [this](QEvent* event) {
+        if (event->type() == QEvent::Resize)
+            FitContentPicture();
+        return false;
+    });
 }
 
 // The file's full path in Tag and tool tip, its name as the text (which runs

@@ -203,7 +203,7 @@ QWidget* ctlServiceItem::CreateContentTab() {
     CommonDialog1 = Named(new QFileDialog(fileTab), "CommonDialog1");
     CommonDialog1->hide();
     file->addWidget(txtFileContent, 1);
-    file->addWidget(imgContent, 1);
+    file->addWidget(imgContent, 1, Qt::AlignHCenter);
     file->addWidget(fraListenToMusic);
     file->addWidget(fraOpeningFile);
     file->addLayout(fileRow);

@@ -13,6 +13,7 @@
 #include <QGroupBox>
 #include <QImage>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QPushButton>
@@ -86,6 +87,7 @@ private slots:
 
     // What each kind of file shows
     void aPictureIsShownFittedToTheTab();
+    void aPictureIsFittedAgainWhenTheEditorChangesSize();
     void aMusicFileIsGivenToThePlayer();
     void aMusicFileThatHasMovedSaysSoAndIsNotPlayed();
     void aPictureThatHasMovedSaysSoInItsPlace();
@@ -492,13 +494,32 @@ void tst_ServiceItemContent::aPictureIsShownFittedToTheTab() {
     ctl.cmdBrowse->click();
     QVERIFY(!ctl.imgContent->isHidden());
     QVERIFY(ctl.imgContent->isEnabled());
-    const QSize szTab(Twips::FromPixels(ctl.SSTab2->width()),
-                      Twips::FromPixels(ctl.SSTab2->height()));
-    const QSize szFit = ContentFiles::FitPicture(QSize(300 * 15, 2000 * 15), szTab);
-    QCOMPARE(ctl.imgContent->size(),
-             QSize(Twips::ToPixels(szFit.width()), Twips::ToPixels(szFit.height())));
-    QCOMPARE(ctl.imgContent->pixmap().size(), ctl.imgContent->size());
-    QVERIFY(ctl.imgContent->height() < ctl.SSTab2->height());
+    // Fitted to the room of the file page, with the name under the picture.
+    const QRect rcRoom = ctl.SSTab2->widget(0)->layout()->contentsRect();
+    const QSize szFit = ContentFiles::FitPicture(
+        QSize(300 * 15, 2000 * 15),
+        QSize(Twips::FromPixels(rcRoom.width()), Twips::FromPixels(rcRoom.height())));
+    const QSize szShown(Twips::ToPixels(szFit.width()), Twips::ToPixels(szFit.height()));
+    QCOMPARE(ctl.imgContent->pixmap().size(), szShown);
+    QTRY_COMPARE(ctl.imgContent->size(), szShown);
+    QVERIFY(ctl.txtFilename->y() > ctl.imgContent->geometry().bottom());
+    QVERIFY(ctl.txtFilename->geometry().bottom() < ctl.SSTab2->widget(0)->height());
+}
+
+void tst_ServiceItemContent::aPictureIsFittedAgainWhenTheEditorChangesSize() {
+    ctlServiceItem ctl;
+    ctl.resize(900, 700);
+    ctl.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&ctl));
+    showContent(ctl, m_lib.picture);
+    m_platform->QueueOpenFile(WritePicture(m_files.filePath("wide.bmp"), 2000, 1000));
+    ctl.cmdBrowse->click();
+    QTRY_VERIFY(ctl.imgContent->pixmap().width() > 0);
+    const int intBefore = ctl.imgContent->pixmap().width();
+    ctl.resize(1200, 800);
+    QTRY_VERIFY(ctl.imgContent->pixmap().width() > intBefore);
+    const QSize szShown = ctl.imgContent->pixmap().size();
+    QVERIFY2(qAbs(szShown.width() - 2 * szShown.height()) <= 2, "the proportions are kept");
 }
 
 void tst_ServiceItemContent::aMusicFileIsGivenToThePlayer() {
@@ -713,9 +734,9 @@ void tst_ServiceItemContent::aLargePictureDroppedOnTheNameIsShownCutToTheTab() {
     QVERIFY(!strFile.isEmpty());
     QVERIFY(DropFiles(ctl.txtFilename, {strFile}));
     QVERIFY(!ctl.imgContent->isHidden());
-    QCOMPARE(ctl.imgContent->height(), Twips::ToPixels(6255));
-    QCOMPARE(ctl.imgContent->width(),
-             Twips::ToPixels(Twips::FromPixels(ctl.SSTab1->width()) - 200));
+    QCOMPARE(ctl.imgContent->pixmap().size(),
+             QSize(Twips::ToPixels(Twips::FromPixels(ctl.SSTab1->width()) - 200),
+                   Twips::ToPixels(6255)));
 }
 
 void tst_ServiceItemContent::draggedTextIsTypedTextAsEver() {

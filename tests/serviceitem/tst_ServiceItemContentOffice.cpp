@@ -48,6 +48,7 @@ private slots:
     void aPresentationShownAgainComesFromTheKeptSlides();
     void showingAnotherItemClosesThePresentation();
     void showingAnotherItemStopsAConversionStillRunning();
+    void leavingTheEditorClosesThePresentation();
     void aHangingLibreOfficeIsStoppedAtItsTimeLimitAndTheEditorGoesOn();
     void aPresentationLibreOfficeCannotReadSaysItCannotBeOpened();
     void anEmptyPresentationIsNotGivenToLibreOffice();
@@ -216,6 +217,29 @@ void tst_ServiceItemContentOffice::showingAnotherItemClosesThePresentation() {
     Show(ctl, m_lib.prayer);
     QVERIFY(ctl.objPowerPoint == nullptr);
     QVERIFY(view.isNull());
+}
+
+void tst_ServiceItemContentOffice::leavingTheEditorClosesThePresentation() {
+    FakeOffice office(FakeOffice::Converts, TestDocuments::SlidesPdf(2));
+    const QString strFile = write("talk.pptx", "PK");
+    const qint32 item = m_db->AddServiceItem(TestDatabase::PowerPoint, "Talk");
+    QVERIFY(storeFile(item, strFile));
+    QWidget window;
+    auto* ctl = new ctlServiceItem(&window);
+    ctl->setGeometry(0, 0, 900, 700);
+    auto* outside = new QLineEdit(&window);
+    outside->setGeometry(0, 710, 200, 24);
+    window.resize(900, 740);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    showContent(*ctl, item);
+    doubleClick(*ctl);
+    QVERIFY(ctl->objPowerPoint != nullptr);
+    QTRY_VERIFY(ctl->objPowerPoint->hasFocus());
+    outside->setFocus();
+    QTRY_VERIFY(outside->hasFocus());
+    QVERIFY(ctl->objPowerPoint == nullptr);
+    QCOMPARE(m_platform->BoxCount(), 0);
 }
 
 // The user's input waits while LibreOffice works; the host may show another
