@@ -131,6 +131,8 @@ QString BrowseInvitation() {
                           "responsive reading Service Item");
 }
 
+// The line break before the advice is a rich text box's own, a line feed: a
+// carriage return there would start a paragraph of its own.
 QString OpenErrorText(const QString& strErrorMessage) {
     return QStringLiteral("There was an error opening this file. The error description is: ") +
            strErrorMessage + QStringLiteral("\n To try again please dible click this box");

@@ -78,6 +78,7 @@ private slots:
     // Choosing a file
     void theBrowseDialogHasTheFilterAndTitleOfTheChosenType_data();
     void theBrowseDialogHasTheFilterAndTitleOfTheChosenType();
+    void theBrowseDialogFollowsTheTypeNowChosenNotTheStoredOne();
     void cancelInTheFileDialogChangesNothingAndSaysNothing();
     void aChosenFileIsNamedByItsNameWithItsPathInTagAndToolTip();
     void aChosenFileIsStoredWithItsPathByTheSave();
@@ -401,6 +402,19 @@ void tst_ServiceItemContent::theBrowseDialogHasTheFilterAndTitleOfTheChosenType(
              qPrintable(dialog.Filter));
     QCOMPARE(dialog.FileName, QString());
     QVERIFY(dialog.CancelError);
+}
+
+void tst_ServiceItemContent::theBrowseDialogFollowsTheTypeNowChosenNotTheStoredOne() {
+    ctlServiceItem ctl;
+    Show(ctl, m_lib.slides);
+    ctl.ChooseServiceItemType(TestDatabase::Prayer);
+    ctl.SSTab1->setTab(ctlServiceItem::TabContent);
+    m_platform->QueueOpenFile(QString());
+    ctl.cmdBrowse->click();
+    QCOMPARE(m_platform->Dialogs().size(), 1);
+    QVERIFY2(m_platform->Dialogs().constFirst().Filter.startsWith("MS Word, PowerPoint & Text "
+                                                                  "Files"),
+             qPrintable(m_platform->Dialogs().constFirst().Filter));
 }
 
 void tst_ServiceItemContent::cancelInTheFileDialogChangesNothingAndSaysNothing() {
