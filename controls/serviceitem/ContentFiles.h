@@ -66,6 +66,10 @@ QString DescriptionFromContent(const QString& strContent);
 // 400: users' layouts were made with that height.
 QSize FitPicture(const QSize& szPicture, const QSize& szTab);
 
+// The property of imgContent that names the picture fitted to the tab (empty
+// when the picture shown keeps a size of its own, as a dropped one does).
+constexpr const char* FittedPictureProperty = "FittedPicture";
+
 // The texts that the tab shows in place of a file.
 QString DoubleClickInvitation();
 QString BrowseInvitation();

@@ -36,8 +36,7 @@ MemberEntry Entry(const char* member) {
 }
 
 const char* const kTag = "Tag";
-// The file of the picture fitted to the tab, kept on imgContent.
-const char* const kFittedPicture = "FittedPicture";
+const char* const kFittedPicture = ContentFiles::FittedPictureProperty;
 
 // The room that the file page of SSTab2 gives its widgets, in twips: the
 // picture is fitted to it. Before the page was laid out, the tab's own size.
@@ -220,6 +219,7 @@ void ctlServiceItem::txtFilename_Change() {
             break;
         case ContentFiles::Shown::Document:
             imgContent->setEnabled(false);
+            imgContent->setProperty(kFittedPicture, QString());
             imgContent->hide();
             txtFileContent->show();
             txtFileContent->setPlainText(ContentFiles::DoubleClickInvitation());

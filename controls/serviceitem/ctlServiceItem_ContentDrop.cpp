@@ -114,7 +114,7 @@ void ctlServiceItem::txtContent_OLEDragDrop(const QStringList& Files) {
         if (strPicture.isEmpty())
             return;
         const QSize szShown = imgContent->pixmap().size();
-        imgContent->setProperty("FittedPicture", QString());
+        imgContent->setProperty(ContentFiles::FittedPictureProperty, QString());
         SetContentPicture(strPicture, szShown.isEmpty()
                                           ? NaturalSize(strPicture)
                                           : QSize(Twips::FromPixels(szShown.width()),
@@ -132,7 +132,7 @@ void ctlServiceItem::txtFilename_OLEDragDrop(const QStringList& Files) {
         if (strPicture.isEmpty())
             return;
         const QSize szNatural = NaturalSize(strPicture);
-        imgContent->setProperty("FittedPicture", QString());
+        imgContent->setProperty(ContentFiles::FittedPictureProperty, QString());
         SetContentPicture(strPicture, szNatural);
         imgContent->hide();
         const qint32 lngWidest = Twips::FromPixels(SSTab1->width()) - 200;
