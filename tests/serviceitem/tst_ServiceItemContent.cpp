@@ -108,6 +108,7 @@ private slots:
     void droppingAPresentationAGifOrMusicIsRefused_data();
     void droppingAPresentationAGifOrMusicIsRefused();
     void aDroppedTifCountsAsADocument();
+    void aPictureDroppedOnTheTypedTextIsNamedAndShown();
     void aSmallPictureDroppedOnTheNameStaysHidden();
     void aLargePictureDroppedOnTheNameIsShownCutToTheTab();
     void draggedTextIsTypedTextAsEver();
@@ -722,6 +723,22 @@ void tst_ServiceItemContent::aDroppedTifCountsAsADocument() {
     QCOMPARE(ctl.txtFileContent->toPlainText(), kDoubleClick);
     QVERIFY(!ctl.txtFileContent->isHidden());
     QVERIFY(!ctl.imgContent->isEnabled());
+}
+
+void tst_ServiceItemContent::aPictureDroppedOnTheTypedTextIsNamedAndShown() {
+    ctlServiceItem ctl;
+    ctl.resize(900, 700);
+    ctl.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&ctl));
+    const qint32 notice = m_db->AddServiceItem(TestDatabase::Announcement, "Harvest");
+    showContent(ctl, notice);
+    const QString strFile = WritePicture(m_files.filePath("harvest.bmp"), 120, 80);
+    QVERIFY(DropFiles(ctl.txtContent->viewport(), {strFile}));
+    QCOMPARE(tag(ctl), strFile);
+    QCOMPARE(ctl.txtFilename->text(), QString("harvest.bmp"));
+    QVERIFY(!ctl.imgContent->isHidden());
+    QCOMPARE(ctl.imgContent->pixmap().size(), QSize(120, 80));
+    QCOMPARE(m_platform->BoxCount(), 0);
 }
 
 void tst_ServiceItemContent::aSmallPictureDroppedOnTheNameStaysHidden() {
