@@ -46,7 +46,13 @@ void RunEngine::CutTrack(Track& track) const {
     const SlideCutter cutter(m_renderer.Look(), [this](const QStringList& lines, int first) {
         return m_renderer.LinesThatFit(lines, first, m_screenSize);
     });
-    track.slides = cutter.Cut(track.item);
+    if (track.picturesHidden) {
+        RunItem item = track.item;
+        item.backgrounds.clear();
+        track.slides = cutter.Cut(item);
+    } else {
+        track.slides = cutter.Cut(track.item);
+    }
     track.part = qBound(0, track.part, static_cast<int>(track.slides.size()) - 1);
 }
 

@@ -29,6 +29,7 @@ public:
         RunItem item;
         QList<Slide> slides;
         int part = 0;
+        bool picturesHidden = false; // its own pictures' display time is over
     };
 
     // Which slide shows: the prop's (propServiceItemId not 0) or the item's
@@ -119,6 +120,15 @@ public:
     // other details.
     static bool MarkServiceDelivered(qint32 lngServiceID, const QDate& dtmDate,
                                      QString& strErrorMessage);
+
+    // ---- An item's own pictures -------------------------------------------------
+    // How long the item's own background pictures show each time it comes up
+    // (its display time), 0 when they show all the while or it has none.
+    int ItemPictureSeconds(int index) const;
+    // Hides the item's own pictures (its slides then show the usual
+    // background) or shows them again.
+    void SetItemPicturesHidden(int index, bool blnHidden);
+    bool ItemPicturesHidden(int index) const;
 
 signals:
     void SlideChanged();
