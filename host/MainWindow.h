@@ -121,6 +121,7 @@ private:
     bool StartSession(const std::function<bool(RunSession&, QString&)>& start);
     void Session_Ended();
     void ShowRunPreview(RunSession& session);
+    void ShowSlidesStatus(RunSession& session);
     void ShowRunFailure(const QString& strErrorMessage);
     // The galleries and lists run one item through the data library's RunServiceItem, which
     // hands it to the window that opened last; it runs on its own, as Run does.
@@ -134,5 +135,6 @@ private:
     QList<HostPage*> m_pages;
     QPointer<RunSession> m_session;
     QWidget* m_pageBeforeRun = nullptr;
+    QString m_strSlidesStatus; // the status line's words on slides being prepared
     HelpWindow* m_help = nullptr;
 };

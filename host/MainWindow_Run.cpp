@@ -59,6 +59,7 @@ bool MainWindow::StartSession(const std::function<bool(RunSession&, QString&)>& 
     connect(session, &RunSession::Ended, this,
             [this] { ErrorReport::Guard([this] { Session_Ended(); }); });
     ShowRunPreview(*session);
+    ShowSlidesStatus(*session);
     // The console's "?" opens the guide at running a service.
     connect(session->Console(), &ctlRun::ShowPropButtonClicked, this,
             [this] { ErrorReport::Guard([this] { ShowHelp(HelpWindow::RunningPage()); }); });
@@ -111,6 +112,25 @@ void MainWindow::ShowRunPreview(RunSession& session) {
     // The projector's size is known once it is placed.
     connect(session.Projector(), &ProjectorWindow::PictureShown, ctlRunPreview,
             &RunPreview::Refresh);
+}
+
+// The status line tells the operator of presentations whose slides are still
+// being made, and of those that cannot be shown.
+void MainWindow::ShowSlidesStatus(RunSession& session) {
+    const RunEngine* engine = &session.Engine();
+    auto show = [this, engine] {
+        ErrorReport::Guard([&] {
+            const QString strStatus = engine->SlidesStatus();
+            if (!strStatus.isEmpty())
+                statusBar()->showMessage(strStatus);
+            else if (statusBar()->currentMessage() == m_strSlidesStatus)
+                statusBar()->clearMessage();
+            m_strSlidesStatus = strStatus;
+        });
+    };
+    connect(&session.Engine(), &RunEngine::SlidesStatusChanged, this, show);
+    connect(&session.Engine(), &RunEngine::SlideChanged, this, show);
+    show();
 }
 
 void MainWindow::ShowRunFailure(const QString& strErrorMessage) {
