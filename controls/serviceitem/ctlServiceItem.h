@@ -282,6 +282,7 @@ private:
     void TimeBox_Change(QLineEdit* box, const QString& strWhat);
     void EnableTimeBoxes();
     void SetMusic(const QString& strTag, const QString& strText);
+    void ShowStoredMusic(const QVariant& varMusic);
     void PlaceHideDetails(QWidget* below);
     void PlacePointsFrames(bool blnHasPoints);
 

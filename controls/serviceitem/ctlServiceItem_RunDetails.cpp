@@ -119,6 +119,9 @@ void ctlServiceItem::LoadRunDetails() {
         chkHideDetails->setChecked(field("HideSIDetails").toBool());
 
         if (blnPicture) {
+            // A picture has music of its own too: the box shows that, never
+            // the music of the item shown before.
+            ShowStoredMusic(field("ServiceItemMusic"));
             const qint32 lngSeconds = VB::CLng(field("SecondsToRun"));
             if (lngSeconds == 0) {
                 txtImageDisplayMinutes->setText(QStringLiteral("0"));
@@ -147,24 +150,7 @@ void ctlServiceItem::LoadRunDetails() {
                 chkShowAsPointsList->hide();
             optVerseByVerse->setVisible(t == 17);
             cmdRunBreakDownWizard->setVisible(t == 17);
-            const QVariant varMusic = field("ServiceItemMusic");
-            if (!varMusic.isNull()) {
-                const QString strMusic = varMusic.toString();
-                if (VB::IsNumeric(strMusic)) {
-                    QString strDescription;
-                    da.GetServiceItemDescription(VB::CLng(strMusic), strErrorMessage,
-                                                 strDescription);
-                    txtMusicFile->setText(strDescription);
-                } else {
-                    txtMusicFile->setText(BareFileName(strMusic));
-                }
-                txtMusicFile->setProperty(kTag, strMusic);
-            } else {
-                // The music of the item shown before stays in the Tag, and the
-                // prompt is not read: both are kept as the control always did.
-                txtMusicFile->clear();
-                txtMusicPrompt->setProperty(kTag, QString());
-            }
+            ShowStoredMusic(field("ServiceItemMusic"));
             fraDisplay->show();
             fraImageDisplay->show();
             fraMusic->show();
@@ -214,6 +200,29 @@ void ctlServiceItem::LoadRunDetails() {
         cmdSave->setEnabled(blnSaveEnabled);
         blnRunDetailsLoaded = true;
     });
+}
+
+// The stored music: a music item by its description, a file by its name; the
+// Tag holds the field. Without music the text is emptied but the music of the
+// item shown before stays in the Tag, and the prompt is not read: both are
+// kept as the control always did.
+void ctlServiceItem::ShowStoredMusic(const QVariant& varMusic) {
+    if (varMusic.isNull()) {
+        txtMusicFile->clear();
+        txtMusicPrompt->setProperty(kTag, QString());
+        return;
+    }
+    const QString strMusic = varMusic.toString();
+    if (VB::IsNumeric(strMusic)) {
+        QString strErrorMessage;
+        QString strDescription;
+        DataAccess::Instance().GetServiceItemDescription(VB::CLng(strMusic), strErrorMessage,
+                                                         strDescription);
+        txtMusicFile->setText(Decoded(strDescription));
+    } else {
+        txtMusicFile->setText(BareFileName(strMusic));
+    }
+    txtMusicFile->setProperty(kTag, strMusic);
 }
 
 // With points, the check box of running as points stands above both frames;

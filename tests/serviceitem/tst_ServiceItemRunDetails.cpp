@@ -54,6 +54,8 @@ private slots:
     void aMusicItemPickedIsShownByDescriptionAndStoredById();
     void cancelInTheMusicPickerClearsTheMusic();
     void storedMusicIsShownByItsItemsDescriptionOrItsFilesName();
+    void aPictureShowsItsOwnMusicNotThatOfTheItemBefore();
+    void anItemWithoutMusicShowsNoneButKeepsTheValueOfTheItemBefore();
 
 private:
     QString WriteFile(const QString& strName, const QByteArray& bytes = "RIFF") {
@@ -426,6 +428,31 @@ void tst_ServiceItemRunDetails::storedMusicIsShownByItsItemsDescriptionOrItsFile
     QCOMPARE(ctl.txtMusicFile->property("Tag").toString(), strMusic);
     OpenRunDetails(ctl, m_lib.creed);
     QCOMPARE(ctl.txtMusicFile->text(), QString("Prelude in C"));
+    QCOMPARE(ctl.txtMusicFile->property("Tag").toString(), QString::number(m_lib.music));
+}
+
+void tst_ServiceItemRunDetails::aPictureShowsItsOwnMusicNotThatOfTheItemBefore() {
+    const QString strMusic = WriteFile("birdsong.wav");
+    QVERIFY(m_db->Exec("UPDATE ServiceItems SET ServiceItemMusic = ? WHERE ServiceItemID = ?",
+                       {strMusic, m_lib.picture}));
+    QVERIFY(m_db->Exec("UPDATE ServiceItems SET ServiceItemMusic = ? WHERE ServiceItemID = ?",
+                       {QString::number(m_lib.music), m_lib.creed}));
+    ctlServiceItem ctl;
+    OpenRunDetails(ctl, m_lib.creed);
+    OpenRunDetails(ctl, m_lib.picture);
+    QCOMPARE(ctl.txtMusicFile->text(), QString("birdsong.wav"));
+    QCOMPARE(ctl.txtMusicFile->property("Tag").toString(), strMusic);
+}
+
+// Kept as the control always worked: the box is emptied, but what it would
+// store is still the music of the item shown before.
+void tst_ServiceItemRunDetails::anItemWithoutMusicShowsNoneButKeepsTheValueOfTheItemBefore() {
+    QVERIFY(m_db->Exec("UPDATE ServiceItems SET ServiceItemMusic = ? WHERE ServiceItemID = ?",
+                       {QString::number(m_lib.music), m_lib.creed}));
+    ctlServiceItem ctl;
+    OpenRunDetails(ctl, m_lib.creed);
+    OpenRunDetails(ctl, m_lib.notices);
+    QVERIFY(ctl.txtMusicFile->text().isEmpty());
     QCOMPARE(ctl.txtMusicFile->property("Tag").toString(), QString::number(m_lib.music));
 }
 
