@@ -17,6 +17,7 @@ class RunPreview;
 class QMenu;
 class QStackedWidget;
 class QToolBar;
+class QLabel;
 class RunSession;
 class ServiceItemsPage;
 class ServicesPage;
@@ -135,6 +136,6 @@ private:
     QList<HostPage*> m_pages;
     QPointer<RunSession> m_session;
     QWidget* m_pageBeforeRun = nullptr;
-    QString m_strSlidesStatus; // the status line's words on slides being prepared
+    QLabel* lblSlidesStatus = nullptr; // the slides of a run still being prepared
     HelpWindow* m_help = nullptr;
 };

@@ -11,6 +11,7 @@
 #include "run/ctlRun.h"
 
 #include <QDockWidget>
+#include <QLabel>
 #include <QScreen>
 #include <QStackedWidget>
 #include <QStatusBar>
@@ -96,6 +97,8 @@ void MainWindow::Session_Ended() {
         ctlRunPreview = nullptr;
     }
     statusBar()->clearMessage();
+    if (lblSlidesStatus)
+        lblSlidesStatus->hide();
     if (m_pageBeforeRun)
         stkPages->setCurrentWidget(m_pageBeforeRun);
     m_pageBeforeRun = nullptr;
@@ -115,21 +118,23 @@ void MainWindow::ShowRunPreview(RunSession& session) {
 }
 
 // The status line tells the operator of presentations whose slides are still
-// being made, and of those that cannot be shown.
+// being made, and of those that cannot be shown, in a place of its own beside
+// the other messages of a run.
 void MainWindow::ShowSlidesStatus(RunSession& session) {
+    if (!lblSlidesStatus) {
+        lblSlidesStatus = new QLabel(this);
+        lblSlidesStatus->setObjectName(QStringLiteral("lblSlidesStatus"));
+        statusBar()->addPermanentWidget(lblSlidesStatus);
+    }
     const RunEngine* engine = &session.Engine();
     auto show = [this, engine] {
         ErrorReport::Guard([&] {
-            const QString strStatus = engine->SlidesStatus();
-            if (!strStatus.isEmpty())
-                statusBar()->showMessage(strStatus);
-            else if (statusBar()->currentMessage() == m_strSlidesStatus)
-                statusBar()->clearMessage();
-            m_strSlidesStatus = strStatus;
+            lblSlidesStatus->setText(engine->SlidesStatus());
+            lblSlidesStatus->setVisible(!lblSlidesStatus->text().isEmpty());
         });
     };
-    connect(&session.Engine(), &RunEngine::SlidesStatusChanged, this, show);
-    connect(&session.Engine(), &RunEngine::SlideChanged, this, show);
+    connect(engine, &RunEngine::SlidesStatusChanged, lblSlidesStatus, show);
+    connect(engine, &RunEngine::SlideChanged, lblSlidesStatus, show);
     show();
 }
 

@@ -3,6 +3,7 @@
 // works, a presentation waits on an empty slide with a word on the status
 // line, and its slides come up as soon as they are there.
 #include "FakeOffice.h"
+#include "MainWindow.h"
 #include "OfficeConversion.h"
 #include "PresentationCache.h"
 #include "ProjectorWindow.h"
@@ -10,11 +11,14 @@
 #include "RunSession.h"
 #include "Screenshot.h"
 #include "ScriptedPlatform.h"
+#include "StartUp.h"
 #include "TestDatabase.h"
 #include "TraceFile.h"
 
 #include <QFile>
+#include <QLabel>
 #include <QSignalSpy>
+#include <QStatusBar>
 #include <QtTest>
 
 #include <memory>
@@ -152,7 +156,8 @@ private slots:
         QVERIFY(engine.CurrentSlide().Words().isEmpty());
         QVERIFY2(engine.SlidesStatus().contains("\"Broken talk\" cannot be shown"),
                  qPrintable(engine.SlidesStatus()));
-        QVERIFY(trace.HasLineContaining("could not convert broken.pptx"));
+        QVERIFY2(trace.HasLineContaining("could not convert broken.pptx"),
+                 qPrintable(engine.SlidesStatus()));
     }
 
     void aPresentationPutUpAsAPropIsPreparedToo() {
@@ -184,6 +189,29 @@ private slots:
         QVERIFY(session.Engine().SlidesStatus().contains("\"Talk\""));
         session.End();
         QCOMPARE(session.Engine().SlidesBeingPrepared(), 0);
+    }
+
+    void theStatusLineTellsTheOperatorUntilTheSlidesAreThere() {
+        ScriptedPlatform platform;
+        platform.SetDefaultAnswer(vbYes);
+        FakeOffice office(FakeOffice::Converts, TestDocuments::SlidesPdf(2));
+        const qint32 talk = presentation("Harvest talk", write("harvest.pptx", "PK"));
+        const qint32 service = db->AddService("Harvest", {{talk}});
+        StartUp start;
+        start.databasePath = db->Path();
+        MainWindow window(start);
+        window.show();
+        QVERIFY(window.RunService(service));
+        auto* lblSlidesStatus = window.statusBar()->findChild<QLabel*>("lblSlidesStatus");
+        QVERIFY(lblSlidesStatus);
+        QVERIFY2(lblSlidesStatus->text().contains("\"Harvest talk\""),
+                 qPrintable(lblSlidesStatus->text()));
+        QVERIFY(lblSlidesStatus->isVisible());
+        QTRY_COMPARE(window.Session()->Engine().PartCount(), 2);
+        QVERIFY(lblSlidesStatus->text().isEmpty());
+        QVERIFY(!lblSlidesStatus->isVisible());
+        window.EndRun();
+        QVERIFY(!window.IsRunning());
     }
 };
 
