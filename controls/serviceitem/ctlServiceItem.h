@@ -209,6 +209,7 @@ private slots:
     // Run Mode Details: text modes, pictures, display time, music
     // (ctlServiceItem_RunDetails*.cpp)
     void optShowSILineByLine_Click();
+    void optAllPointsAtOnce_Click();
     void optShowImagesWhileRunning_Click();
     void optHideImagesWhileRunning_Click();
     void cmdNewImage_Click();

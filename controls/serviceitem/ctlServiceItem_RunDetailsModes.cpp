@@ -70,6 +70,10 @@ void ctlServiceItem::ConnectRunDetails() {
     // The number of lines means something only with its option.
     connect(optShowSILineByLine, &QRadioButton::toggled, txtNumLinesToShowPerTime,
             &QLineEdit::setEnabled);
+    // Sub-points are revealed one by one only where points are: not when all
+    // show at the start.
+    for (QRadioButton* option : {optOnePointAtATime, optAllPointsByRevealing, optAllPointsAtOnce})
+        connect(option, &QRadioButton::toggled, this, &ctlServiceItem::optAllPointsAtOnce_Click);
     connect(optShowImagesWhileRunning, &QRadioButton::clicked, this,
             &ctlServiceItem::optShowImagesWhileRunning_Click);
     connect(optHideImagesWhileRunning, &QRadioButton::clicked, this,
@@ -172,6 +176,10 @@ void ctlServiceItem::optShowSILineByLine_Click() {
         txtNumLinesToShowPerTime->setEnabled(optShowSILineByLine->isChecked());
         Changed(TabRunDetails);
     });
+}
+
+void ctlServiceItem::optAllPointsAtOnce_Click() {
+    fraSubPoints->setHidden(optAllPointsAtOnce->isChecked());
 }
 
 void ctlServiceItem::EnableTimeBoxes() {

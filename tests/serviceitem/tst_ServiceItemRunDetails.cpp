@@ -33,6 +33,7 @@ private slots:
     void aTextOfLinesRunsLineByLineAndAnEmptyCountBecomesTwo();
     void wordsTypedOnTheContentTabAreTheOnesChecked();
     void theLinesCountIsOpenOnlyWithItsOption();
+    void pointsShownAllAtTheStartOfferNoSubPointChoice();
 
     // Display time
     void sixtyOneSecondsReadOneMinuteAndOneSecond();
@@ -200,6 +201,22 @@ void tst_ServiceItemRunDetails::theLinesCountIsOpenOnlyWithItsOption() {
     QVERIFY(ctl.txtNumLinesToShowPerTime->isEnabled());
     ctl.optShowEntireSI->click();
     QVERIFY(!ctl.txtNumLinesToShowPerTime->isEnabled());
+}
+
+void tst_ServiceItemRunDetails::pointsShownAllAtTheStartOfferNoSubPointChoice() {
+    QVERIFY(m_db->AddPoints(m_lib.points, {{"P1", "", "Grace given", ""}}));
+    QVERIFY(m_db->Exec("UPDATE ServiceItems SET TextViewMode = 6 WHERE ServiceItemID = ?",
+                       {m_lib.points}));
+    ctlServiceItem ctl;
+    OpenRunDetails(ctl, m_lib.points);
+    QVERIFY(ctl.optAllPointsAtOnce->isChecked());
+    QVERIFY(ctl.fraSubPoints->isHidden());
+    ctl.optOnePointAtATime->click();
+    QVERIFY(!ctl.fraSubPoints->isHidden());
+    ctl.optAllPointsByRevealing->click();
+    QVERIFY(!ctl.fraSubPoints->isHidden());
+    ctl.optAllPointsAtOnce->click();
+    QVERIFY(ctl.fraSubPoints->isHidden());
 }
 
 // ---------------------------------------------------------------- Display time
