@@ -136,7 +136,8 @@ bool RunItem::Load(qint32 lngServiceItemID, RunItem& item, QString& strErrorMess
     da.GetServiceItemFileName(lngServiceItemID, err, item.filePath);
     if (item.IsPresentation() && PresentationCache::IsPresentation(item.filePath))
         loadSlides(item, slides);
-    if (!item.IsPicture() && item.typeId != 10 && item.slideCount == 0) {
+    // A presentation waiting for its slides shows nothing of its own meanwhile.
+    if (!item.IsPicture() && item.typeId != 10 && item.slideCount == 0 && !item.slidesPending) {
         bool hasVerses = false;
         da.ServiceItemHasVerses(lngServiceItemID, err, hasVerses);
         if (hasVerses)
