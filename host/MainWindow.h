@@ -17,6 +17,7 @@ class RunPreview;
 class QMenu;
 class QStackedWidget;
 class QToolBar;
+class QLabel;
 class RunSession;
 class ServiceItemsPage;
 class ServicesPage;
@@ -121,6 +122,7 @@ private:
     bool StartSession(const std::function<bool(RunSession&, QString&)>& start);
     void Session_Ended();
     void ShowRunPreview(RunSession& session);
+    void ShowSlidesStatus(RunSession& session);
     void ShowRunFailure(const QString& strErrorMessage);
     // The galleries and lists run one item through the data library's RunServiceItem, which
     // hands it to the window that opened last; it runs on its own, as Run does.
@@ -134,5 +136,6 @@ private:
     QList<HostPage*> m_pages;
     QPointer<RunSession> m_session;
     QWidget* m_pageBeforeRun = nullptr;
+    QLabel* lblSlidesStatus = nullptr; // the slides of a run still being prepared
     HelpWindow* m_help = nullptr;
 };

@@ -11,6 +11,7 @@
 #include "run/ctlRun.h"
 
 #include <QDockWidget>
+#include <QLabel>
 #include <QScreen>
 #include <QStackedWidget>
 #include <QStatusBar>
@@ -59,6 +60,7 @@ bool MainWindow::StartSession(const std::function<bool(RunSession&, QString&)>& 
     connect(session, &RunSession::Ended, this,
             [this] { ErrorReport::Guard([this] { Session_Ended(); }); });
     ShowRunPreview(*session);
+    ShowSlidesStatus(*session);
     // The console's "?" opens the guide at running a service.
     connect(session->Console(), &ctlRun::ShowPropButtonClicked, this,
             [this] { ErrorReport::Guard([this] { ShowHelp(HelpWindow::RunningPage()); }); });
@@ -95,6 +97,8 @@ void MainWindow::Session_Ended() {
         ctlRunPreview = nullptr;
     }
     statusBar()->clearMessage();
+    if (lblSlidesStatus)
+        lblSlidesStatus->hide();
     if (m_pageBeforeRun)
         stkPages->setCurrentWidget(m_pageBeforeRun);
     m_pageBeforeRun = nullptr;
@@ -111,6 +115,27 @@ void MainWindow::ShowRunPreview(RunSession& session) {
     // The projector's size is known once it is placed.
     connect(session.Projector(), &ProjectorWindow::PictureShown, ctlRunPreview,
             &RunPreview::Refresh);
+}
+
+// The status line tells the operator of presentations whose slides are still
+// being made, and of those that cannot be shown, in a place of its own beside
+// the other messages of a run.
+void MainWindow::ShowSlidesStatus(RunSession& session) {
+    if (!lblSlidesStatus) {
+        lblSlidesStatus = new QLabel(this);
+        lblSlidesStatus->setObjectName(QStringLiteral("lblSlidesStatus"));
+        statusBar()->addPermanentWidget(lblSlidesStatus);
+    }
+    const RunEngine* engine = &session.Engine();
+    auto show = [this, engine] {
+        ErrorReport::Guard([&] {
+            lblSlidesStatus->setText(engine->SlidesStatus());
+            lblSlidesStatus->setVisible(!lblSlidesStatus->text().isEmpty());
+        });
+    };
+    connect(engine, &RunEngine::SlidesStatusChanged, lblSlidesStatus, show);
+    connect(engine, &RunEngine::SlideChanged, lblSlidesStatus, show);
+    show();
 }
 
 void MainWindow::ShowRunFailure(const QString& strErrorMessage) {

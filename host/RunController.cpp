@@ -10,17 +10,23 @@
 #include <QTimer>
 
 RunController::RunController(RunEngine& engine, ctlRun* console, QObject* parent)
-    : QObject(parent), tmrAutoAdvance(new QTimer(this)), m_engine(engine), m_console(console) {
+    : QObject(parent), tmrAutoAdvance(new QTimer(this)), tmrPictures(new QTimer(this)),
+      m_engine(engine), m_console(console) {
     tmrAutoAdvance->setObjectName(QStringLiteral("tmrAutoAdvance"));
     tmrAutoAdvance->setSingleShot(true);
     connect(tmrAutoAdvance, &QTimer::timeout, this,
             [this] { ErrorReport::Guard([this] { tmrAutoAdvance_Timer(); }); });
+    tmrPictures->setObjectName(QStringLiteral("tmrPictures"));
+    tmrPictures->setSingleShot(true);
+    connect(tmrPictures, &QTimer::timeout, this,
+            [this] { ErrorReport::Guard([this] { tmrPictures_Timer(); }); });
     connect(&m_engine, &RunEngine::SlideChanged, this,
             [this] { ErrorReport::Guard([this] { Engine_SlideChanged(); }); });
     Connect();
 }
 
 void RunController::Engine_SlideChanged() {
+    TimeItemPictures();
     const RunEngine::SlideId showing = m_engine.CurrentSlideId();
     if (showing == m_timedSlide && tmrAutoAdvance->isActive())
         return; // the same picture (blacked out, resized): its time runs on

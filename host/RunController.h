@@ -65,6 +65,10 @@ public:
     // as if Forward had been pressed.
     void tmrAutoAdvance_Timer();
     QTimer* tmrAutoAdvance;
+    // An item whose pictures have a display time shows them for that long
+    // each time it comes up; then they are hidden (RunController_Pictures.cpp).
+    void tmrPictures_Timer();
+    QTimer* tmrPictures;
 
 signals:
     // The run is over: the operator confirmed the end.
@@ -80,10 +84,12 @@ private:
     void PropEnded();
     bool LeaveProp();
     void SetProjectorOn(bool blnOn);
+    void TimeItemPictures();
 
     RunEngine& m_engine;
     ctlRun* m_console;
     bool m_inProjectorCall = false;
     bool m_confirmingEnd = false;
     std::optional<RunEngine::SlideId> m_timedSlide; // the slide the auto-advance timer runs for
+    int m_picturesItem = -1;                        // the item whose pictures' display time runs
 };

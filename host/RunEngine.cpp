@@ -46,7 +46,13 @@ void RunEngine::CutTrack(Track& track) const {
     const SlideCutter cutter(m_renderer.Look(), [this](const QStringList& lines, int first) {
         return m_renderer.LinesThatFit(lines, first, m_screenSize);
     });
-    track.slides = cutter.Cut(track.item);
+    if (track.picturesHidden) {
+        RunItem item = track.item;
+        item.backgrounds.clear();
+        track.slides = cutter.Cut(item);
+    } else {
+        track.slides = cutter.Cut(track.item);
+    }
     track.part = qBound(0, track.part, static_cast<int>(track.slides.size()) - 1);
 }
 
@@ -71,7 +77,8 @@ bool RunEngine::AddItem(qint32 lngServiceItemID) {
     QString err;
     // A row whose item is gone still holds its place: an empty slide, without
     // the failure's words on the projector.
-    const bool loaded = RunItem::Load(lngServiceItemID, item, err);
+    const bool loaded = RunItem::Load(lngServiceItemID, item, err, SlideSource());
+    QueueSlides(item);
     m_tracks << MakeTrack(item);
     return loaded;
 }
@@ -96,8 +103,9 @@ bool RunEngine::LoadService(qint32 lngServiceID, QString& strErrorMessage) {
 bool RunEngine::LoadItem(qint32 lngServiceItemID, QString& strErrorMessage) {
     Reset();
     RunItem item;
-    if (!RunItem::Load(lngServiceItemID, item, strErrorMessage))
+    if (!RunItem::Load(lngServiceItemID, item, strErrorMessage, SlideSource()))
         return false;
+    QueueSlides(item);
     m_tracks << MakeTrack(item);
     m_running = true;
     emit SlideChanged();

@@ -12,6 +12,8 @@
 #include <functional>
 #include <optional>
 
+class PresentationQueue;
+
 // The model of a run: which rows of a service are shown, how each item is cut
 // into slides, which slide is on the projector now, and a prop that is put up
 // in the middle. The projector window draws CurrentSlide(); the run controller
@@ -29,6 +31,7 @@ public:
         RunItem item;
         QList<Slide> slides;
         int part = 0;
+        bool picturesHidden = false; // its own pictures' display time is over
     };
 
     // Which slide shows: the prop's (propServiceItemId not 0) or the item's
@@ -120,9 +123,33 @@ public:
     static bool MarkServiceDelivered(qint32 lngServiceID, const QDate& dtmDate,
                                      QString& strErrorMessage);
 
+    // ---- An item's own pictures -------------------------------------------------
+    // How long the item's own background pictures show each time it comes up
+    // (its display time), 0 when they show all the while or it has none.
+    int ItemPictureSeconds(int index) const;
+    // Hides the item's own pictures (its slides then show the usual
+    // background) or shows them again.
+    void SetItemPicturesHidden(int index, bool blnHidden);
+    bool ItemPicturesHidden(int index) const;
+
+    // ---- Presentations ---------------------------------------------------------
+    // Whether the slides of the run's presentations are prepared in the
+    // background from the start of the run (the application's runs), instead
+    // of being converted while each item loads. A presentation whose slides
+    // are not there yet shows an empty slide until they are.
+    void SetPreparesSlidesAhead(bool blnAhead);
+    // The presentations whose slides are still being prepared.
+    int SlidesBeingPrepared() const;
+    // What the operator is told of it (the status line); empty when nothing is
+    // being prepared and nothing failed.
+    QString SlidesStatus() const;
+    // Stops preparing slides (the run ended).
+    void StopPreparingSlides();
+
 signals:
     void SlideChanged();
     void RunEnded();
+    void SlidesStatusChanged(const QString& strStatus);
 
 private:
     void Reset();
@@ -138,6 +165,11 @@ private:
     // One step of Next (+1) or Previous (-1).
     Step Move(int direction);
     Step MoveToItem(int index, int part);
+    // Presentations (RunEngine_Presentations.cpp)
+    RunItem::Slides SlideSource() const;
+    void QueueSlides(const RunItem& item);
+    void Presentations_Prepared(const QString& strFile, const QString& strPdf,
+                                const QString& strErrorMessage);
 
     SlideRenderer m_renderer;
     std::function<RunLook()> m_lookSource;
@@ -151,4 +183,6 @@ private:
     std::optional<Track> m_prop;
     bool m_blackedOut = false;
     bool m_recordsDelivery = true;
+    PresentationQueue* m_presentations = nullptr;
+    QString m_slidesFailure;
 };

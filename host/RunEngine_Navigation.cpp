@@ -72,8 +72,9 @@ bool RunEngine::StartProp(qint32 lngServiceItemID, QString& strErrorMessage) {
     if (!m_running)
         return false;
     RunItem prop;
-    if (!RunItem::Load(lngServiceItemID, prop, strErrorMessage))
+    if (!RunItem::Load(lngServiceItemID, prop, strErrorMessage, SlideSource()))
         return false;
+    QueueSlides(prop);
     RefreshLook();
     m_prop = MakeTrack(prop);
     emit SlideChanged();

@@ -39,6 +39,7 @@ void RunEngine::EndRun(QString& strErrorMessage) {
     const qint32 serviceId = m_serviceId;
     m_running = false;
     m_prop.reset();
+    StopPreparingSlides();
     if (serviceId != 0 && m_recordsDelivery &&
         !MarkServiceDelivered(serviceId, QDate::currentDate(), strErrorMessage))
         TraceLog::Instance().WriteErrorLine(

@@ -60,24 +60,19 @@ void loadBackgrounds(RunItem& item) {
 }
 
 // A presentation runs from the PDF of its slides, converted the first time it runs (or
-// is shown in the editor) and kept. One that cannot be converted runs as an empty slide; why
-// goes to the trace, not to the projector.
-void loadSlides(RunItem& item) {
-    QString err;
-    const QString pdf = PresentationCache::PdfFor(item.filePath, err);
-    PdfSlides slides;
-    if (err.isEmpty())
-        slides.Open(pdf, err);
-    if (!err.isEmpty()) {
-        TraceLog::Instance().WriteErrorLine(
-            QStringLiteral("Corvantis:RunItem:Load: the slides of service item %1 cannot be "
-                           "shown: %2")
-                .arg(item.serviceItemId)
-                .arg(err));
+// is shown in the editor) and kept.
+void loadSlides(RunItem& item, RunItem::Slides how) {
+    if (how == RunItem::Slides::KeptOnly) {
+        const QString pdf = PresentationCache::FindPdf(item.filePath);
+        if (pdf.isEmpty())
+            item.slidesPending = true;
+        else
+            item.TakeSlides(pdf, QString());
         return;
     }
-    item.slidesPdf = pdf;
-    item.slideCount = slides.Count();
+    QString err;
+    const QString pdf = PresentationCache::PdfFor(item.filePath, err);
+    item.TakeSlides(pdf, err);
 }
 
 void readFields(const Recordset& rs, RunItem& item) {
@@ -98,7 +93,29 @@ void readFields(const Recordset& rs, RunItem& item) {
 
 } // namespace
 
-bool RunItem::Load(qint32 lngServiceItemID, RunItem& item, QString& strErrorMessage) {
+// A presentation that cannot be converted runs as an empty slide; why goes to the trace, not
+// to the projector.
+bool RunItem::TakeSlides(const QString& strPdf, const QString& strErrorMessage) {
+    slidesPending = false;
+    QString err = strErrorMessage;
+    PdfSlides slides;
+    if (err.isEmpty())
+        slides.Open(strPdf, err);
+    if (!err.isEmpty()) {
+        TraceLog::Instance().WriteErrorLine(
+            QStringLiteral("Corvantis:RunItem:Load: the slides of service item %1 cannot be "
+                           "shown: %2")
+                .arg(serviceItemId)
+                .arg(err));
+        return false;
+    }
+    slidesPdf = strPdf;
+    slideCount = slides.Count();
+    return slideCount > 0;
+}
+
+bool RunItem::Load(qint32 lngServiceItemID, RunItem& item, QString& strErrorMessage,
+                   Slides slides) {
     item = RunItem();
     item.serviceItemId = lngServiceItemID;
     if (item.IsBlank())
@@ -118,8 +135,9 @@ bool RunItem::Load(qint32 lngServiceItemID, RunItem& item, QString& strErrorMess
     QString err;
     da.GetServiceItemFileName(lngServiceItemID, err, item.filePath);
     if (item.IsPresentation() && PresentationCache::IsPresentation(item.filePath))
-        loadSlides(item);
-    if (!item.IsPicture() && item.typeId != 10 && item.slideCount == 0) {
+        loadSlides(item, slides);
+    // A presentation waiting for its slides shows nothing of its own meanwhile.
+    if (!item.IsPicture() && item.typeId != 10 && item.slideCount == 0 && !item.slidesPending) {
         bool hasVerses = false;
         da.ServiceItemHasVerses(lngServiceItemID, err, hasVerses);
         if (hasVerses)

@@ -32,6 +32,8 @@ RunLook RunSession::ReadLook() {
 
 void RunSession::CreateParts(QWidget* consoleParent) {
     m_engine.SetLookSource(&RunSession::ReadLook);
+    // LibreOffice works beside the run: the run starts at once.
+    m_engine.SetPreparesSlidesAhead(true);
     m_projector = new ProjectorWindow(m_engine);
     if (consoleParent) {
         m_console = new ctlRun(consoleParent);

@@ -91,13 +91,13 @@ void ctlServiceItem::ConnectWidgets() {
 
     for (QAbstractButton* option : std::initializer_list<QAbstractButton*>{
              chkHideDetails, chkShowSubPointsOneByOne, optShowEntireSI, optShowAsMuchAsWillFit,
-             optShowSILineByLine, optOnePointAtATime, optAllPointsByRevealing, optAllPointsAtOnce,
-             optShowImagesWhileRunning, optHideImagesWhileRunning, optShowUntilClick,
+             optOnePointAtATime, optAllPointsByRevealing, optAllPointsAtOnce, optShowUntilClick,
              optImageDisplayTime})
         connect(option, &QAbstractButton::clicked, this, &ctlServiceItem::RunDetail_Change);
-    for (QLineEdit* box : {txtNumLinesToShowPerTime, txtChangeImageEveryXSeconds, txtMusicFile,
-                           txtMusicPrompt, txtImageDisplayMinutes, txtImageDisplaySeconds})
+    for (QLineEdit* box :
+         {txtNumLinesToShowPerTime, txtChangeImageEveryXSeconds, txtMusicFile, txtMusicPrompt})
         connect(box, &QLineEdit::textEdited, this, &ctlServiceItem::RunDetail_Change);
+    ConnectRunDetails();
     connect(chkShowAsPointsList, &QCheckBox::clicked, this,
             &ctlServiceItem::chkShowAsPointsList_Click);
     connect(optVerseByVerse, &QRadioButton::clicked, this, &ctlServiceItem::optVerseByVerse_Click);

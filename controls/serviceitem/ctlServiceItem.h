@@ -23,6 +23,7 @@ class QRadioButton;
 class QScrollArea;
 class QTextEdit;
 class QTreeWidget;
+class QTreeWidgetItem;
 class Recordset;
 class SSTab;
 class VBImageList;
@@ -213,6 +214,21 @@ private slots:
     void RunDetail_Change();
     void chkShowAsPointsList_Click();
     void optVerseByVerse_Click();
+    // Run Mode Details: text modes, pictures, display time, music
+    // (ctlServiceItem_RunDetails*.cpp)
+    void optShowSILineByLine_Click();
+    void optAllPointsAtOnce_Click();
+    void optShowImagesWhileRunning_Click();
+    void optHideImagesWhileRunning_Click();
+    void cmdNewImage_Click();
+    void cmdDeleteImages_Click();
+    void lvwUsedImages_ItemClick(QTreeWidgetItem* Item);
+    void optShowUntilClick_Click();
+    void optImageDisplayTime_Click();
+    void txtImageDisplayMinutes_Change();
+    void txtImageDisplaySeconds_Change();
+    void cmdBrowseMusicFile_Click();
+    void cmdSelectMusicSI_Click();
     void cmdRunBreakDownWizard_Click();
     void cmdMoveOneRight_Click();
     void cmdMoveOneLeft_Click();
@@ -283,6 +299,18 @@ private:
     void LoadRunDetails();
     void SaveRunDetails();
     void SetupRunTimeImages(bool blnLoadImagesFromDatabase);
+    void ConnectRunDetails();
+    void SelectImagesOption(bool blnShow);
+    void EnableImageWidgets(bool blnEnable);
+    void ClickFirstImage();
+    void AddImageEntry(qint32 lngImageID, const QString& strDescription);
+    bool AcceptPictureFile(const QString& strFile);
+    QString GetOpenName(const QString& strStart);
+    void TimeBox_Change(QLineEdit* box, const QString& strWhat);
+    void EnableTimeBoxes();
+    void SetMusic(const QString& strTag, const QString& strText);
+    void ShowStoredMusic(const QVariant& varMusic);
+    void PlaceHideDetails(QWidget* below);
     void PlacePointsFrames(bool blnHasPoints);
 
     // Checks and save (ctlServiceItem_Save.cpp)

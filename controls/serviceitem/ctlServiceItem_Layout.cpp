@@ -350,6 +350,8 @@ QWidget* ctlServiceItem::CreateRunDetailsTab() {
               "cmdSelectMusicSI");
     txtMusicPrompt = Named(new QLineEdit(fraMusic), "txtMusicPrompt");
     txtMusicPrompt->setMaxLength(kMusicPromptLimit);
+    txtMusicPrompt->setPlaceholderText(
+        QStringLiteral("Words for the operator when the item starts, e.g. \"Put in the CD\""));
     music->addWidget(txtMusicFile, 0, 0, 1, 2);
     music->addWidget(cmdBrowseMusicFile, 1, 0);
     music->addWidget(cmdSelectMusicSI, 1, 1);

@@ -1,3 +1,4 @@
+#include "serviceitem/ctlServiceItem_RunDetails.h"
 #include "serviceitem/ctlServiceItem.h"
 
 #include "DataAccess.h"
@@ -7,7 +8,6 @@
 #include "foundations/Platform.h"
 #include "foundations/PointList.h"
 #include "foundations/VBRuntime.h"
-#include "foundations/modQVLTControls.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
@@ -18,16 +18,15 @@
 #include <QTreeWidget>
 
 // The Run Mode Details tab: how the item runs (its text stepped through, or
-// its points), its background pictures, its music. The tab is filled per
-// type from the stored item and every field it shows is stored again by the
-// save, so that an edit of another tab loses nothing.
+// its points), its background pictures, how long a picture shows, its music.
+// The tab is filled per type from the stored item and every field it shows is
+// stored again by the save, so that an edit of another tab loses nothing.
 //
-// What comes with the run details of the content sources: choosing pictures
-// (cmdNewImage_Click, GetOpenName, cmdDeleteImages_Click, the preview of
-// lvwUsedImages), choosing music (cmdBrowseMusicFile_Click,
-// cmdSelectMusicSI_Click), the check that a text can run line by line
-// (optShowSILineByLine_Click with fraChecking), the tests of the time boxes,
-// and the enabling that follows the image options.
+// The tab's handlers live beside this file by concern: the text modes, the
+// check that a text runs line by line and the time boxes
+// (ctlServiceItem_RunDetailsModes.cpp), the background pictures
+// (ctlServiceItem_RunDetailsImages.cpp) and the music
+// (ctlServiceItem_RunDetailsMusic.cpp).
 
 namespace {
 MemberEntry Entry(const char* member) {
@@ -40,11 +39,26 @@ bool IsPicture(qint32 lngTypeID) {
     return lngTypeID == 4 || lngTypeID == 5;
 }
 
-// A number typed in a box, 0 when it is none.
+// A number typed in a box, rounded, 0 when it is none; kept within what the
+// store's fields hold.
 qint16 BoxValue(const QLineEdit* box) {
-    return VB::IsNumeric(box->text()) ? static_cast<qint16>(qRound(box->text().toDouble())) : 0;
+    const double dblValue = RunDetails::BoxNumber(box);
+    return static_cast<qint16>(qRound(qBound(-32768.0, dblValue, 32767.0)));
 }
 } // namespace
+
+using RunDetails::BareFileName;
+using RunDetails::ClearOption;
+
+namespace RunDetails {
+double BoxNumber(const QLineEdit* box) {
+    return VB::IsNumeric(box->text()) ? box->text().toDouble() : 0;
+}
+
+double DisplaySeconds(const QLineEdit* minutes, const QLineEdit* seconds) {
+    return BoxNumber(minutes) * 60 + BoxNumber(seconds);
+}
+} // namespace RunDetails
 
 void ctlServiceItem::LoadRunDetails() {
     if (blnRunDetailsLoaded)
@@ -73,18 +87,30 @@ void ctlServiceItem::LoadRunDetails() {
         fraMusic->setVisible(true);
         optShowImagesWhileRunning->setVisible(!blnPicture);
         optHideImagesWhileRunning->setVisible(!blnPicture);
-        optHideImagesWhileRunning->setChecked(!blnPicture);
+        if (blnPicture) {
+            ClearOption(optHideImagesWhileRunning);
+            PlaceHideDetails(fraMusic);
+        } else {
+            SelectImagesOption(false);
+            PlaceHideDetails(fraImages);
+        }
 
         lvwUsedImages->clear();
+        std::unique_ptr<Recordset> rsImages;
+        da.GetServiceItemImages(lngServiceItemID, strErrorMessage, rsImages);
+        if (!strErrorMessage.isEmpty()) {
+            Platform::Current().MsgBox(strErrorMessage);
+            return;
+        }
         imgPreview->clear();
-        SetupRunTimeImages(true);
-        if (lvwUsedImages->topLevelItemCount() > 0) {
-            optShowImagesWhileRunning->setChecked(true);
+        if (rsImages && rsImages->RecordCount() > 0) {
+            SelectImagesOption(true);
             txtChangeImageEveryXSeconds->setText(VB::Text(field("ChangeImageEveryXSeconds")));
         } else {
-            optHideImagesWhileRunning->setChecked(true);
+            SelectImagesOption(false);
             txtChangeImageEveryXSeconds->setText(QStringLiteral("0"));
         }
+        rsImages.reset();
         chkShowAsPointsList->setEnabled(true);
         if (t == 11) {
             chkShowAsPointsList->hide();
@@ -93,6 +119,9 @@ void ctlServiceItem::LoadRunDetails() {
         chkHideDetails->setChecked(field("HideSIDetails").toBool());
 
         if (blnPicture) {
+            // A picture has music of its own too: the box shows that, never
+            // the music of the item shown before.
+            ShowStoredMusic(field("ServiceItemMusic"));
             const qint32 lngSeconds = VB::CLng(field("SecondsToRun"));
             if (lngSeconds == 0) {
                 txtImageDisplayMinutes->setText(QStringLiteral("0"));
@@ -105,6 +134,7 @@ void ctlServiceItem::LoadRunDetails() {
                 txtImageDisplaySeconds->setText(
                     QString::number(lngSeconds > 60 ? lngSeconds % 60 : lngSeconds));
             }
+            EnableTimeBoxes();
         } else if (t == 10) {
             fraMusic->hide();
             chkShowAsPointsList->hide();
@@ -120,24 +150,7 @@ void ctlServiceItem::LoadRunDetails() {
                 chkShowAsPointsList->hide();
             optVerseByVerse->setVisible(t == 17);
             cmdRunBreakDownWizard->setVisible(t == 17);
-            const QVariant varMusic = field("ServiceItemMusic");
-            if (!varMusic.isNull()) {
-                const QString strMusic = varMusic.toString();
-                if (VB::IsNumeric(strMusic)) {
-                    QString strDescription;
-                    da.GetServiceItemDescription(VB::CLng(strMusic), strErrorMessage,
-                                                 strDescription);
-                    txtMusicFile->setText(strDescription);
-                } else {
-                    txtMusicFile->setText(modQVLTControls::GetFileName(strMusic));
-                }
-                txtMusicFile->setProperty(kTag, strMusic);
-            } else {
-                // The music of the item shown before stays in the Tag, and the
-                // prompt is not read: both are kept as the control always did.
-                txtMusicFile->clear();
-                txtMusicPrompt->setProperty(kTag, QString());
-            }
+            ShowStoredMusic(field("ServiceItemMusic"));
             fraDisplay->show();
             fraImageDisplay->show();
             fraMusic->show();
@@ -178,7 +191,9 @@ void ctlServiceItem::LoadRunDetails() {
                 default:
                     break;
                 }
+                txtNumLinesToShowPerTime->setEnabled(optShowSILineByLine->isChecked());
             }
+            EnableTimeBoxes();
         }
         rs.reset();
         m_cycle->Clear(TabRunDetails);
@@ -187,41 +202,33 @@ void ctlServiceItem::LoadRunDetails() {
     });
 }
 
+// The stored music: a music item by its description, a file by its name; the
+// Tag holds the field. Without music the text is emptied but the music of the
+// item shown before stays in the Tag, and the prompt is not read: both are
+// kept as the control always did.
+void ctlServiceItem::ShowStoredMusic(const QVariant& varMusic) {
+    if (varMusic.isNull()) {
+        txtMusicFile->clear();
+        txtMusicPrompt->setProperty(kTag, QString());
+        return;
+    }
+    const QString strMusic = varMusic.toString();
+    if (VB::IsNumeric(strMusic)) {
+        QString strErrorMessage;
+        QString strDescription;
+        DataAccess::Instance().GetServiceItemDescription(VB::CLng(strMusic), strErrorMessage,
+                                                         strDescription);
+        txtMusicFile->setText(Decoded(strDescription));
+    } else {
+        txtMusicFile->setText(BareFileName(strMusic));
+    }
+    txtMusicFile->setProperty(kTag, strMusic);
+}
+
 // With points, the check box of running as points stands above both frames;
 // without, the frame of the text modes moves up in its place.
 void ctlServiceItem::PlacePointsFrames(bool blnHasPoints) {
     chkShowAsPointsList->setVisible(blnHasPoints);
-}
-
-void ctlServiceItem::SetupRunTimeImages(bool blnLoadImagesFromDatabase) {
-    const auto entry =
-        Entry("SetupRunTimeImages")
-            .Arg(QStringLiteral("blnLoadImagesFromDatabase"), blnLoadImagesFromDatabase)
-            .Enter();
-    entry.FullErrorBox([&] {
-        const bool blnWasDirty = RunDetailsDirty();
-        DataAccess& da = DataAccess::Instance();
-        std::unique_ptr<Recordset> rs;
-        QString strErrorMessage;
-        da.GetServiceItemImages(lngServiceItemID, strErrorMessage, rs);
-        if (!strErrorMessage.isEmpty()) {
-            Platform::Current().MsgBox(strErrorMessage);
-            return;
-        }
-        lvwUsedImages->clear();
-        if (rs && rs->RecordCount() > 0)
-            for (rs->MoveFirst(); !rs->Eof(); rs->MoveNext()) {
-                const qint32 lngID = VB::CLng(rs->Fields(QStringLiteral("ImageServiceItemID")));
-                QString strDescription;
-                da.GetServiceItemDescription(lngID, strErrorMessage, strDescription);
-                auto* item = new QTreeWidgetItem(lvwUsedImages, {strDescription});
-                item->setData(0, Qt::UserRole, QStringLiteral("SI;") + QString::number(lngID));
-                item->setData(0, Qt::UserRole + 1, lngID);
-            }
-        m_cycle->SetDirty(TabRunDetails, blnWasDirty);
-        if (!blnWasDirty)
-            cmdSave->setEnabled(false);
-    });
 }
 
 void ctlServiceItem::SaveRunDetails() {
@@ -250,8 +257,9 @@ void ctlServiceItem::SaveRunDetails() {
         }
         qint16 intSecondsToRun = 0;
         if (fraImageDisplay->isVisibleTo(this) && !optShowUntilClick->isChecked())
-            intSecondsToRun = static_cast<qint16>(BoxValue(txtImageDisplayMinutes) * 60 +
-                                                  BoxValue(txtImageDisplaySeconds));
+            intSecondsToRun = static_cast<qint16>(qRound(qBound(
+                0.0, RunDetails::DisplaySeconds(txtImageDisplayMinutes, txtImageDisplaySeconds),
+                double(RunDetails::kMostDisplaySeconds))));
         DataAccess& da = DataAccess::Instance();
         QString strErrorMessage;
         da.SaveServiceItemRunDetails(lngServiceItemID, blnRunAsPointsList, 0, intTextViewMode,
@@ -271,28 +279,4 @@ void ctlServiceItem::SaveRunDetails() {
 
 void ctlServiceItem::RunDetail_Change() {
     Changed(TabRunDetails);
-}
-
-void ctlServiceItem::chkShowAsPointsList_Click() {
-    const auto entry = Entry("chkShowAsPointsList_Click").Enter();
-    entry.Guarded([&] {
-        const bool blnTicked = chkShowAsPointsList->isChecked();
-        fraAsPointsList->setVisible(blnTicked);
-        fraNotAsPointsList->setVisible(!blnTicked);
-        if (blnTicked) {
-            bool blnRevealSubPoints = false;
-            qint16 intPointsMode = 4;
-            QString strErrorMessage;
-            DataAccess::Instance().GetDefaultPointsDisplay(blnRevealSubPoints, strErrorMessage,
-                                                           intPointsMode);
-            if (intPointsMode == 6)
-                optAllPointsAtOnce->setChecked(true);
-            else if (intPointsMode == 5)
-                optAllPointsByRevealing->setChecked(true);
-            else
-                optOnePointAtATime->setChecked(true);
-            chkShowSubPointsOneByOne->setChecked(blnRevealSubPoints);
-        }
-        Changed(TabRunDetails);
-    });
 }

@@ -1,4 +1,5 @@
 #include "serviceitem/ctlServiceItem.h"
+#include "serviceitem/ctlServiceItem_RunDetails.h"
 
 #include "DataAccess.h"
 #include "Recordset.h"
@@ -132,6 +133,16 @@ qint16 ctlServiceItem::DoRunDetailsCheck(QString& strErrorMessage) {
             Refuse(QStringLiteral("You cannot display a service item for zero seconds"), strTitle);
             SSTab1->setTab(TabRunDetails);
             txtImageDisplaySeconds->setFocus();
+            intResult = 3;
+            return;
+        }
+        if (optImageDisplayTime->isChecked() &&
+            RunDetails::DisplaySeconds(txtImageDisplayMinutes, txtImageDisplaySeconds) >
+                RunDetails::kMostDisplaySeconds) {
+            Refuse(QStringLiteral("A service item can be displayed for at most 546 minutes"),
+                   strTitle);
+            SSTab1->setTab(TabRunDetails);
+            txtImageDisplayMinutes->setFocus();
             intResult = 3;
             return;
         }

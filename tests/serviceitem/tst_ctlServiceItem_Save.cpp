@@ -222,8 +222,9 @@ void tst_ctlServiceItem_Save::onlyRunDetailsChangedRunsNoDuplicateTest() {
 
 void tst_ctlServiceItem_Save::
     zeroLinesWithTheLinesOptionBringsTheTabForwardAndLeavesTheGeneralPartPending() {
+    // The song's words run as lines, so the lines option is taken.
     ctlServiceItem ctl;
-    Show(ctl, m_lib.prayer);
+    Show(ctl, m_lib.song);
     ctl.SSTab1->setTab(ctlServiceItem::TabRunDetails);
     ctl.optShowSILineByLine->click();
     ctl.txtNumLinesToShowPerTime->setText("0");
@@ -244,10 +245,9 @@ void tst_ctlServiceItem_Save::
     ctl.txtNumLinesToShowPerTime->setText("3");
     ctl.cmdSave->click();
     QVERIFY(!DataAccess::Instance().InTransaction());
-    QCOMPARE(Field(*m_db, m_lib.prayer, "ServiceItemOriginalLocation").toString(),
-             QString("Chapel"));
-    QCOMPARE(Field(*m_db, m_lib.prayer, "TextViewMode").toInt(), 1);
-    QCOMPARE(Field(*m_db, m_lib.prayer, "LinesAtATime").toInt(), 3);
+    QCOMPARE(Field(*m_db, m_lib.song, "ServiceItemOriginalLocation").toString(), QString("Chapel"));
+    QCOMPARE(Field(*m_db, m_lib.song, "TextViewMode").toInt(), 1);
+    QCOMPARE(Field(*m_db, m_lib.song, "LinesAtATime").toInt(), 3);
 }
 
 void tst_ctlServiceItem_Save::aZeroDisplayTimeIsRefused() {
