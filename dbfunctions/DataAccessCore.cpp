@@ -108,8 +108,8 @@ private:
 };
 
 // The value of column i of the statement's current row, made as Qt's SQLite driver makes it.
-QVariant SqliteValue(sqlite3_stmt* stmt, int i, QSql::NumericalPrecisionPolicy policy) {
-    switch (sqlite3_column_type(stmt, i)) {
+QVariant SqliteValue(sqlite3_stmt* stmt, int i, int type, QSql::NumericalPrecisionPolicy policy) {
+    switch (type) {
     case SQLITE_BLOB: {
         const auto* data = static_cast<const char*>(sqlite3_column_blob(stmt, i));
         return QByteArray(data, sqlite3_column_bytes(stmt, i));
@@ -188,10 +188,13 @@ public:
                            QString& error) {
         m_lastTexts.fill({-1, 0}, m_count);
         int rc = SQLITE_ROW;
-        while ((rc = sqlite3_step(stmt)) == SQLITE_ROW)
-            for (int i = 0; i < m_count; ++i)
-                if (!TakeText(stmt, i))
-                    Take(i, SqliteValue(stmt, i, policy));
+        while ((rc = sqlite3_step(stmt)) == SQLITE_ROW) {
+            for (int i = 0; i < m_count; ++i) {
+                const int type = sqlite3_column_type(stmt, i);
+                if (type != SQLITE_TEXT || !TakeText(stmt, i))
+                    Take(i, SqliteValue(stmt, i, type, policy));
+            }
+        }
         if (rc == SQLITE_DONE)
             return true;
         error = FetchError(stmt, rc);
@@ -204,12 +207,12 @@ public:
     }
 
 private:
-    // A text of column i goes to the store of texts, to be made into a QString only when it is
-    // read. A text that is the same as the column's in the row before (the rows of one item in
-    // a joined query repeat all its fields) takes the bytes stored for that row. False for any
-    // other value and for a text in a column of booleans: Take makes those.
+    // The text of column i (a value of type SQLITE_TEXT) goes to the store of texts, to be made
+    // into a QString only when it is read. A text that is the same as the column's in the row
+    // before (the rows of one item in a joined query repeat all its fields) takes the bytes
+    // stored for that row. False for a text in a column of booleans: Take makes that.
     bool TakeText(sqlite3_stmt* stmt, int i) {
-        if (m_booleans.at(i) || sqlite3_column_type(stmt, i) != SQLITE_TEXT)
+        if (m_booleans.at(i))
             return false;
         const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(stmt, i));
         const int length = sqlite3_column_bytes(stmt, i);
