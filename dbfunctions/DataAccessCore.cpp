@@ -11,6 +11,8 @@
 
 #include <sqlite3.h>
 
+#include <cstring>
+#include <limits>
 #include <memory>
 
 namespace {
@@ -106,8 +108,8 @@ private:
 };
 
 // The value of column i of the statement's current row, made as Qt's SQLite driver makes it.
-QVariant SqliteValue(sqlite3_stmt* stmt, int i, QSql::NumericalPrecisionPolicy policy) {
-    switch (sqlite3_column_type(stmt, i)) {
+QVariant SqliteValue(sqlite3_stmt* stmt, int i, int type, QSql::NumericalPrecisionPolicy policy) {
+    switch (type) {
     case SQLITE_BLOB: {
         const auto* data = static_cast<const char*>(sqlite3_column_blob(stmt, i));
         return QByteArray(data, sqlite3_column_bytes(stmt, i));
@@ -126,8 +128,10 @@ QVariant SqliteValue(sqlite3_stmt* stmt, int i, QSql::NumericalPrecisionPolicy p
     case SQLITE_NULL:
         return QVariant(QMetaType::fromType<QString>());
     default: {
-        const auto* text = static_cast<const QChar*>(sqlite3_column_text16(stmt, i));
-        return QString(text, sqlite3_column_bytes16(stmt, i) / static_cast<int>(sizeof(QChar)));
+        // Read as the UTF-8 that the file holds: asking SQLite for UTF-16 would make it convert
+        // into a buffer of its own first, which QString then copies.
+        const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(stmt, i));
+        return QString::fromUtf8(text, sqlite3_column_bytes(stmt, i));
     }
     }
 }
@@ -182,10 +186,15 @@ public:
     // if a row cannot be fetched.
     bool TakeRemainingRows(sqlite3_stmt* stmt, QSql::NumericalPrecisionPolicy policy,
                            QString& error) {
+        m_lastTexts.fill({-1, 0}, m_count);
         int rc = SQLITE_ROW;
-        while ((rc = sqlite3_step(stmt)) == SQLITE_ROW)
-            for (int i = 0; i < m_count; ++i)
-                Take(i, SqliteValue(stmt, i, policy));
+        while ((rc = sqlite3_step(stmt)) == SQLITE_ROW) {
+            for (int i = 0; i < m_count; ++i) {
+                const int type = sqlite3_column_type(stmt, i);
+                if (type != SQLITE_TEXT || !TakeText(stmt, i))
+                    Take(i, SqliteValue(stmt, i, type, policy));
+            }
+        }
         if (rc == SQLITE_DONE)
             return true;
         error = FetchError(stmt, rc);
@@ -193,10 +202,33 @@ public:
     }
 
     std::unique_ptr<Recordset> Result() {
-        return std::make_unique<Recordset>(std::move(m_columns), std::move(m_values));
+        return std::make_unique<Recordset>(std::move(m_columns), std::move(m_values),
+                                           std::move(m_texts));
     }
 
 private:
+    // The text of column i (a value of type SQLITE_TEXT) goes to the store of texts, to be made
+    // into a QString only when it is read. A text that is the same as the column's in the row
+    // before (the rows of one item in a joined query repeat all its fields) takes the bytes
+    // stored for that row. False for a text in a column of booleans: Take makes that.
+    bool TakeText(sqlite3_stmt* stmt, int i) {
+        if (m_booleans.at(i))
+            return false;
+        const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(stmt, i));
+        const int length = sqlite3_column_bytes(stmt, i);
+        Recordset::StoredText& last = m_lastTexts[i];
+        if (last.offset < 0 || last.length != length ||
+            std::memcmp(m_texts.constData() + last.offset, text, static_cast<size_t>(length)) !=
+                0) {
+            if (m_texts.size() > std::numeric_limits<qint32>::max() - length)
+                return false; // a store beyond 2 GB: the text is made at once instead
+            last = {static_cast<qint32>(m_texts.size()), length};
+            m_texts.append(text, length);
+        }
+        m_values.append(QVariant::fromValue(last));
+        return true;
+    }
+
     void Take(int i, QVariant value) {
         if (value.isNull())
             m_values.emplace_back();
@@ -207,6 +239,8 @@ private:
     }
 
     int m_count;
+    QList<Recordset::StoredText> m_lastTexts; // offset -1: none yet
+    QByteArray m_texts;
     QList<Recordset::Column> m_columns;
     QList<bool> m_booleans;
     QVariantList m_values;
@@ -310,6 +344,40 @@ bool DataAccessPrivate::Select(const QString& sql, const QVariantList& params,
     }
     rs = rows.Result();
     return true;
+}
+
+bool DataAccessPrivate::ReadIds(const QString& sql, const QVariantList& params, QList<qint64>& ids,
+                                qint64& rowsScanned) {
+    ids.clear();
+    rowsScanned = 0;
+    QString error;
+    QSqlQuery q;
+    if (!Exec(sql, params, error, "ReadIds", &q))
+        return false;
+    sqlite3_stmt* stmt = StatementOf(q);
+    // The first row is fetched through the query; the others, as in Select, from the statement.
+    bool more = q.next();
+    if (more)
+        ids.append(q.value(0).toLongLong());
+    int rc = SQLITE_DONE;
+    if (stmt) {
+        while (more && (rc = sqlite3_step(stmt)) == SQLITE_ROW)
+            ids.append(sqlite3_column_int64(stmt, 0));
+        rowsScanned = sqlite3_stmt_status(stmt, SQLITE_STMTSTATUS_FULLSCAN_STEP, 0);
+    } else {
+        while (more && (more = q.next()))
+            ids.append(q.value(0).toLongLong());
+    }
+    if (rc != SQLITE_DONE)
+        error = FetchError(stmt, rc);
+    else if (q.lastError().isValid())
+        error = q.lastError().text();
+    if (error.isEmpty())
+        return true;
+    QString message;
+    Fail(message, "ReadIds", error);
+    ids.clear();
+    return false;
 }
 
 QVariant DataAccessPrivate::Scalar(const QString& sql, const QVariantList& params,

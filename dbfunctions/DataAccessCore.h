@@ -31,6 +31,11 @@ public:
     // (an alias in the SQL) keeps its table prefix for Fields().
     static bool Select(const QString& sql, const QVariantList& params, QString& strErrorMessage,
                        const char* operation, std::unique_ptr<Recordset>& rs);
+    // The whole numbers of the first column of every row, read straight from the statement;
+    // rowsScanned gets the rows the engine stepped over in full scans of a table. False (with
+    // nothing read) when the statement fails.
+    static bool ReadIds(const QString& sql, const QVariantList& params, QList<qint64>& ids,
+                        qint64& rowsScanned);
     // The first column of the first row; a null QVariant when there is no row.
     static QVariant Scalar(const QString& sql, const QVariantList& params, QString& strErrorMessage,
                            const char* operation);

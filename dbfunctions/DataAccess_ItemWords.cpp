@@ -164,13 +164,38 @@ void NarrowByItemWords(JetWhere::Result& where) {
         pattern.prepend(QLatin1Char('*'));
     if (!pattern.endsWith(QLatin1Char('*')) || pattern.size() == 1)
         pattern.append(QLatin1Char('*'));
-    // The unary plus keeps the engine from walking the items in the order of the words table:
-    // the items are read in the order of the index that gives the gallery's order, and each is
-    // looked up in the set of matching ids.
     CatchUp();
-    where.sql = QStringLiteral("(+si.ServiceItemID IN (SELECT ServiceItemID FROM "
-                               "ServiceItemWords WHERE Words IS NULL OR jet_like(Words, ?))) "
-                               "AND ") +
+    QList<qint64> ids;
+    qint64 lngScanned = 0;
+    if (!DataAccessPrivate::ReadIds(QStringLiteral("SELECT ServiceItemID FROM ServiceItemWords "
+                                                   "WHERE Words IS NULL OR jet_like(Words, ?)"),
+                                    {pattern}, ids, lngScanned)) {
+        // The words cannot be read here: the engine tests them itself, item by item.
+        where.sql = QStringLiteral("(+si.ServiceItemID IN (SELECT ServiceItemID FROM "
+                                   "ServiceItemWords WHERE Words IS NULL OR jet_like(Words, ?))) "
+                                   "AND ") +
+                    where.sql;
+        where.params.prepend(pattern);
+        return;
+    }
+    // The matching ids go to the statement as one bound value, a JSON array. Few of them (under
+    // a quarter of the items): the engine reads those items by their ids and sorts their rows.
+    // Many: the unary plus keeps it walking all items in the order of the index that gives the
+    // gallery's order, looking each up in the set of ids, so that no sort of all rows is needed.
+    const bool blnFew = ids.size() * 4 < lngScanned;
+    QString strIds;
+    strIds.reserve(ids.size() * 7 + 2);
+    strIds += QLatin1Char('[');
+    for (qsizetype i = 0; i < ids.size(); ++i) {
+        if (i > 0)
+            strIds += QLatin1Char(',');
+        strIds += QString::number(ids.at(i));
+    }
+    strIds += QLatin1Char(']');
+    where.sql = (blnFew ? QStringLiteral("(si.ServiceItemID IN (SELECT value FROM json_each(?))) "
+                                         "AND ")
+                        : QStringLiteral("(+si.ServiceItemID IN (SELECT value FROM "
+                                         "json_each(?))) AND ")) +
                 where.sql;
-    where.params.prepend(pattern);
+    where.params.prepend(strIds);
 }

@@ -17,8 +17,8 @@ Recordset::Recordset(QList<Column> columns, const QList<QVariantList>& rows)
     IndexColumns();
 }
 
-Recordset::Recordset(QList<Column> columns, QVariantList values)
-    : m_columns(std::move(columns)), m_values(std::move(values)),
+Recordset::Recordset(QList<Column> columns, QVariantList values, QByteArray texts)
+    : m_columns(std::move(columns)), m_values(std::move(values)), m_texts(std::move(texts)),
       m_rowCount(m_columns.isEmpty() ? 0 : m_values.size() / m_columns.size()) {
     m_values.resize(m_rowCount * m_columns.size());
     IndexColumns();
@@ -119,6 +119,11 @@ QVariant Recordset::Fields(const QString& strName) const {
 
 QVariant Recordset::Value(qsizetype row, qint32 column) const {
     const qsizetype at = row * m_columns.size() + column;
+    static const int kStoredText = qMetaTypeId<StoredText>();
+    if (m_values.at(at).typeId() == kStoredText) {
+        const StoredText text = *static_cast<const StoredText*>(m_values.at(at).constData());
+        m_values[at] = QString::fromUtf8(m_texts.constData() + text.offset, text.length);
+    }
     const Column& info = m_columns.at(column);
     if (!info.convert || m_converted.at(column).testBit(row))
         return m_values.at(at);

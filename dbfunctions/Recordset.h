@@ -40,8 +40,17 @@ public:
 
     // Rows given one list each; a short row reads as Null in its missing fields.
     Recordset(QList<Column> columns, const QList<QVariantList>& rows);
+    // A text value held as the UTF-8 bytes [offset, offset + length) of the recordset's store of
+    // texts, and made into a QString the first time it is read: of a large query's rows most
+    // values are never read, and each QString made and freed is a large part of its cost.
+    struct StoredText {
+        qint32 offset = 0;
+        qint32 length = 0;
+    };
+
     // Rows given one after the other in one list: values.size() is a multiple of the columns.
-    Recordset(QList<Column> columns, QVariantList values);
+    // A value may be a StoredText in texts.
+    Recordset(QList<Column> columns, QVariantList values, QByteArray texts = QByteArray());
 
     qint32 RecordCount() const { return static_cast<qint32>(m_rowCount); }
     void MoveFirst() { m_current = 0; }
@@ -88,6 +97,7 @@ private:
     // The values row after row. Values of columns with a conversion are converted in place
     // when first read; m_converted marks them (one bit per row, for those columns only).
     mutable QVariantList m_values;
+    QByteArray m_texts; // the bytes of the StoredText values
     qsizetype m_rowCount = 0;
     mutable QList<QBitArray> m_converted;
     qsizetype m_current = 0;

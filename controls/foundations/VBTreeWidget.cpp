@@ -475,6 +475,29 @@ void VBTreeWidget::setSorted(bool blnSorted) {
         SortChildren(nullptr, this);
 }
 
+namespace {
+// The order of QString::compare without regard to case, found faster for the usual texts: while
+// both texts hold ASCII at the same places, letters are compared in lower case by hand; at the
+// first other place the two texts differ, QString::compare decides (the places before it are
+// the same, so its answer is the answer for the whole text).
+bool TextBefore(const QString& a, const QString& b) {
+    const qsizetype length = std::min(a.size(), b.size());
+    const auto* x = reinterpret_cast<const char16_t*>(a.constData());
+    const auto* y = reinterpret_cast<const char16_t*>(b.constData());
+    for (qsizetype i = 0; i < length; ++i) {
+        if (x[i] == y[i])
+            continue;
+        if (x[i] >= 0x80 || y[i] >= 0x80)
+            return a.compare(b, Qt::CaseInsensitive) < 0;
+        const char16_t lx = x[i] >= u'A' && x[i] <= u'Z' ? x[i] + (u'a' - u'A') : x[i];
+        const char16_t ly = y[i] >= u'A' && y[i] <= u'Z' ? y[i] + (u'a' - u'A') : y[i];
+        if (lx != ly)
+            return lx < ly;
+    }
+    return a.size() < b.size();
+}
+} // namespace
+
 void VBTreeWidget::SortChildren(QTreeWidgetItem* parent, VBTreeWidget* tree) {
     if (!tree)
         return;
@@ -508,9 +531,8 @@ void VBTreeWidget::SortChildren(QTreeWidgetItem* parent, VBTreeWidget* tree) {
     byText.reserve(items.size());
     for (QTreeWidgetItem* item : items)
         byText.append({item->text(0), item});
-    std::stable_sort(byText.begin(), byText.end(), [](const auto& a, const auto& b) {
-        return a.first.compare(b.first, Qt::CaseInsensitive) < 0;
-    });
+    std::stable_sort(byText.begin(), byText.end(),
+                     [](const auto& a, const auto& b) { return TextBefore(a.first, b.first); });
     for (qsizetype i = 0; i < byText.size(); ++i)
         items[i] = byText.at(i).second;
     if (parent)

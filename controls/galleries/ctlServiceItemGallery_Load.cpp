@@ -30,6 +30,11 @@ using namespace modQVLTControls;
 namespace {
 const QString kClass = QStringLiteral("ctlServiceItemGallery");
 
+// Whether the image list holds a picture of the type: the one whose number is the type id.
+bool HasPicture(const VBImageList& iml, qint32 lngTypeID) {
+    return lngTypeID >= 1 && lngTypeID <= iml.Count() - 2;
+}
+
 // Adds 1 to a 16-bit counter, overflowing as the runtime does.
 void Increment(qint16& intCounter) {
     intCounter = VB::CInt(static_cast<qint32>(intCounter) + 1);
@@ -214,11 +219,15 @@ bool ctlServiceItemGallery::LoadTree(Recordset& rs, qint16& intAdded, QString& s
                     blnNaturalEnd = false;
                     break;
                 }
-                VBNode item = tvwServiceItems->Add(strGroupKey, tvwChild, strItemKey, strText);
-                SetNodeImage(item,
-                             VB::CLng(blnGroupIsType ? varValue
-                                                     : rs.Fields(QStringLiteral(
-                                                           "ServiceItems.ServiceItemTypeID"))));
+                const qint32 lngTypeID = VB::CLng(
+                    blnGroupIsType ? varValue
+                                   : rs.Fields(QStringLiteral("ServiceItems.ServiceItemTypeID")));
+                // A type with a picture of its own gets it as the node is made.
+                const bool blnPicture = HasPicture(*imlServiceItems, lngTypeID);
+                VBNode item = tvwServiceItems->Add(strGroupKey, tvwChild, strItemKey, strText,
+                                                   blnPicture ? QVariant(lngTypeID) : QVariant());
+                if (!blnPicture)
+                    SetNodeImage(item, lngTypeID);
                 Increment(intAdded);
                 item.setTag(strGroupValue);
                 strIDs += QStringLiteral(",") + QString::number(lngID);
@@ -258,7 +267,7 @@ QString ctlServiceItemGallery::Decoded(const QString& strText) const {
 // The picture of a service item is the one whose number is its type id. A type
 // without a picture of its own keeps the number and shows none.
 void ctlServiceItemGallery::SetNodeImage(VBNode& node, qint32 lngTypeID) {
-    if (lngTypeID >= 1 && lngTypeID <= imlServiceItems->Count() - 2)
+    if (HasPicture(*imlServiceItems, lngTypeID))
         node.setImage(lngTypeID);
     else
         node.Item()->setData(0, VBRole::Image, lngTypeID);

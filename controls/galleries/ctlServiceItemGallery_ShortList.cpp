@@ -22,6 +22,8 @@
 #include <QLabel>
 #include <QRadioButton>
 
+#include <optional>
+
 using namespace modQVLTControls;
 
 namespace {
@@ -147,8 +149,13 @@ void ctlServiceItemGallery::ApplyShortListRows(Recordset& rs, const QString& str
         return;
     const QString strGroupBy = cboGroupByProperty->currentText();
     const GalleryGroup group = Table().Group(strGroupBy);
-    if (blnTree)
+    // As in a load, the nodes are made and sorted under the root while it stands outside the
+    // view, which takes the whole tree back in one step.
+    std::optional<VBTreeWidget::DetachedBuild> build;
+    if (blnTree) {
         m_core->AddRoot();
+        build.emplace(tvwServiceItems);
+    }
     const QHash<qint32, qint32> firstRowOf = FirstRowOfEachItem(rs);
     for (qint32 i = 1; i <= lngCount; ++i) {
         const qint32 lngID = VB::CLng(GetInstance(strContent, QStringLiteral(","), i));
@@ -178,6 +185,7 @@ void ctlServiceItemGallery::ApplyShortListRows(Recordset& rs, const QString& str
     }
     if (blnTree) {
         SortTreeview();
+        build.reset();
         m_core->ExpandAfterLoad();
     }
 }

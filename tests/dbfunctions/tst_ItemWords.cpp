@@ -169,6 +169,38 @@ private slots:
         QCOMPARE(ItemsOf(Checked("grace")), 0);
     }
 
+    void aTextOfFewItemsAmongManyGivesTheirRowsInTheGallerysOrder() {
+        // Twenty more items, some with keywords and points, on days that are not the order of
+        // their ids: a text that only two of them hold is read through those two items' ids,
+        // a text that nearly all hold by the walk through the items in date order. Both give
+        // the rows of the condition alone, in the same order.
+        QList<qint32> added;
+        for (int i = 0; i < 20; ++i) {
+            const qint32 id =
+                db->AddServiceItem(TestDatabase::Prayer, QStringLiteral("Collect %1").arg(i),
+                                   i % 10 == 3 ? "Kyrie eleison" : "Amen");
+            QVERIFY(id > 0);
+            QVERIFY(db->Exec("UPDATE ServiceItems SET ServiceItemDateCreated = ? WHERE "
+                             "ServiceItemID = ?",
+                             {QStringLiteral("2024-01-%1 10:00:00")
+                                  .arg(28 - (i * 7) % 20, 2, 10, QLatin1Char('0')),
+                              id}));
+            added << id;
+        }
+        QVERIFY(db->AddKeywords(added.at(3), {"Penitence", "kyrie", "Advent"}));
+        QVERIFY(db->AddPoints(added.at(13), {{"P1", "", "Lord, have mercy", ""},
+                                             {"P2", "", "Christ, have mercy", ""}}));
+        const QStringList few = Checked("kyrie");
+        QCOMPARE(ItemsOf(few), 2);
+        QCOMPARE(few.size(), 3 + 2); // three keywords of one, two points of the other
+        // Newest first (the 27th before the 17th), an item's keywords in their text order.
+        QCOMPARE(few.first().section('/', 0, 0), QString::number(added.at(3)));
+        QCOMPARE(few.at(1).section('/', 1, 1), QStringLiteral("kyrie"));
+        QCOMPARE(few.at(3).section('/', 0, 0), QString::number(added.at(13)));
+        QVERIFY(ItemsOf(Checked("e")) >= 20);
+        QCOMPARE(ItemsOf(Checked("collect 1")), 11); // 1 and 10 to 19
+    }
+
     void otherConditionsAreAnsweredAsBefore() {
         // Not a chain of Like with one text: the words take no part, the rows are the same.
         const QString mixed = "ServiceItems.ServiceItemDescription Like '*grace*' Or "

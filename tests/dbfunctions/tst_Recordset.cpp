@@ -95,6 +95,38 @@ private:
         return values;
     }
 
+    qsizetype m_rowsRead = 0;
+
+    // Every value of every row of the statement, read by the data library, is the value Qt's
+    // SQLite driver gives (a Null as a plain null value), of the same type.
+    void ReadAsTheDriverGivesIt(const QString& sql, const QStringList& names) {
+        m_rowsRead = 0;
+        QList<QVariantList> expected;
+        QSqlQuery reference(DataAccess::Instance().Database());
+        QVERIFY(reference.exec(sql));
+        while (reference.next()) {
+            QVariantList row;
+            for (int i = 0; i < names.size(); ++i)
+                row << (reference.value(i).isNull() ? QVariant() : reference.value(i));
+            expected << row;
+        }
+        QString error;
+        std::unique_ptr<Recordset> rs;
+        QVERIFY2(DataAccessPrivate::Select(sql, {}, error, "Mixed", rs), qPrintable(error));
+        QCOMPARE(rs->RecordCount(), expected.size());
+        for (const QVariantList& row : expected) {
+            for (int i = 0; i < names.size(); ++i) {
+                const QVariant actual = rs->Fields(names.at(i));
+                const QString where = QStringLiteral("row %1, %2").arg(row.first().toInt()).arg(i);
+                QVERIFY2(actual.typeId() == row.at(i).typeId(), qPrintable(where));
+                QVERIFY2(actual == row.at(i), qPrintable(where));
+            }
+            rs->MoveNext();
+        }
+        QVERIFY(rs->Eof());
+        m_rowsRead = expected.size();
+    }
+
     static void CompareDates(const QVariantList& values, const QStringList& texts) {
         QCOMPARE(values.size(), texts.size());
         for (qsizetype i = 0; i < texts.size(); ++i) {
@@ -390,32 +422,34 @@ private slots:
         for (const QVariantList& row : stored)
             QVERIFY(db.Exec("INSERT INTO Mixed VALUES (?, ?, ?, ?, ?, ?)", row));
         const QString sql = "SELECT * FROM Mixed ORDER BY MixedId";
-        QList<QVariantList> expected;
-        QSqlQuery reference(DataAccess::Instance().Database());
-        QVERIFY(reference.exec(sql));
-        while (reference.next()) {
-            QVariantList row;
-            for (int i = 0; i < 6; ++i)
-                row << (reference.value(i).isNull() ? QVariant() : reference.value(i));
-            expected << row;
-        }
-        QCOMPARE(expected.size(), stored.size());
-        QString error;
-        std::unique_ptr<Recordset> rs;
-        QVERIFY2(DataAccessPrivate::Select(sql, {}, error, "Mixed", rs), qPrintable(error));
-        QCOMPARE(rs->RecordCount(), expected.size());
-        const QStringList names = {"MixedId",    "MixedWhole", "MixedReal",
-                                   "MixedWords", "MixedBytes", "MixedAnything"};
-        for (const QVariantList& row : expected) {
-            for (int i = 0; i < 6; ++i) {
-                const QVariant actual = rs->Fields(names.at(i));
-                const QString where = QStringLiteral("row %1, %2").arg(row.first().toInt()).arg(i);
-                QVERIFY2(actual.typeId() == row.at(i).typeId(), qPrintable(where));
-                QVERIFY2(actual == row.at(i), qPrintable(where));
-            }
-            rs->MoveNext();
-        }
-        QVERIFY(rs->Eof());
+        ReadAsTheDriverGivesIt(sql, {"MixedId", "MixedWhole", "MixedReal", "MixedWords",
+                                     "MixedBytes", "MixedAnything"});
+        QCOMPARE(m_rowsRead, stored.size());
+    }
+
+    void repeatedTextsOfFollowingRowsReadAsTheDriverGivesThem() {
+        TestDatabase db;
+        QVERIFY2(db.IsValid(), qPrintable(db.LastError()));
+        QVERIFY(db.Exec("CREATE TABLE Repeats (RepeatId INTEGER, RepeatA TEXT, RepeatB)"));
+        const QString accents = QString::fromUtf8("Grüße 𝄞 e\u0301");
+        const QList<QVariantList> stored = {{1, "same", "same"},
+                                            {2, "same", "same"},
+                                            {3, "other", "same"},
+                                            {4, "same", 5},
+                                            {5, "", QVariant()},
+                                            {6, QVariant(), ""},
+                                            {7, "", ""},
+                                            {8, accents, "samf"},
+                                            {9, accents, accents},
+                                            {10, "sam", "same"},
+                                            {11, "same", "5"},
+                                            {12, QString(3000, 'x'), "5"},
+                                            {13, QString(3000, 'x'), QString(2999, 'x') + "y"}};
+        for (const QVariantList& row : stored)
+            QVERIFY(db.Exec("INSERT INTO Repeats VALUES (?, ?, ?)", row));
+        ReadAsTheDriverGivesIt("SELECT * FROM Repeats ORDER BY RepeatId",
+                               {"RepeatId", "RepeatA", "RepeatB"});
+        QCOMPARE(m_rowsRead, stored.size());
     }
 
     void rowThatCannotBeFetchedGivesTheDriversErrorText() {

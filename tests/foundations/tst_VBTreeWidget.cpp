@@ -10,6 +10,8 @@
 #include <QHeaderView>
 #include <QTest>
 
+#include <algorithm>
+
 namespace {
 template <class F> qint32 errorOf(F&& f) {
     try {
@@ -62,6 +64,7 @@ private slots:
     void ensureVisibleExpandsTheParents();
     void sortedTreeOrdersTopLevelWithoutCase();
     void sortedNodeOrdersChildrenAndKeepsExpandedState();
+    void sortOrdersTextsOfEveryAlphabetAsComparisonWithoutCaseDoes();
     void removeForgetsKeysOfNodeAndChildren();
     void clearForgetsEverything();
     void nodesAddedAfterClearCarryNothingOfTheNodesBefore();
@@ -260,6 +263,32 @@ void tst_VBTreeWidget::sortedNodeOrdersChildrenAndKeepsExpandedState() {
              (QStringList{"abide with me", "Amazing Grace", "Be Thou My Vision"}));
     QVERIFY(tvw.Nodes(QStringLiteral("Type;Hymn;;SI;9")).Expanded());
     QCOMPARE(tvw.Nodes(QStringLiteral("V1")).Parent().Key(), QStringLiteral("Type;Hymn;;SI;9"));
+}
+
+void tst_VBTreeWidget::sortOrdersTextsOfEveryAlphabetAsComparisonWithoutCaseDoes() {
+    // Texts that agree in their first places and part at ASCII, at letters of other alphabets,
+    // at a letter whose lower case is ASCII (the Kelvin sign), at a character beyond 0xFFFF,
+    // or by their length; equal texts keep the order they were added in.
+    const QStringList lstTexts = {
+        QStringLiteral("Psalm 23"),    QStringLiteral("psalm 3"), QStringLiteral("PSALM 23"),
+        QStringLiteral("Psalm"),       QStringLiteral("psalm_"),  QStringLiteral("Psalm["),
+        QStringLiteral("Ärger"),       QStringLiteral("ärger"),   QStringLiteral("Arger"),
+        QStringLiteral("Zebra"),       QStringLiteral("éclair"),  QStringLiteral("Eclair"),
+        QStringLiteral("\u212Aelvin"), QStringLiteral("kelvin"),  QStringLiteral("Kelvin"),
+        QStringLiteral("Λόγος"),       QStringLiteral("λόγος"),   QStringLiteral("Ωμέγα"),
+        QStringLiteral("𝄞 clef"),      QStringLiteral("\uFFFD"),  QStringLiteral(""),
+        QStringLiteral("Σ end"),       QStringLiteral("ς end"),   QStringLiteral("a"),
+        QStringLiteral("A"),           QStringLiteral("@home"),   QStringLiteral("`tick")};
+    VBTreeWidget tvw;
+    tvw.Add(QVariant(), tvwLast, QStringLiteral("Root"), QStringLiteral("Root"));
+    for (qsizetype i = 0; i < lstTexts.size(); ++i)
+        tvw.Add(QStringLiteral("Root"), tvwChild, QStringLiteral("k%1").arg(i), lstTexts.at(i));
+    tvw.Nodes(QStringLiteral("Root")).setSorted(true);
+    QStringList lstExpected = lstTexts;
+    std::stable_sort(
+        lstExpected.begin(), lstExpected.end(),
+        [](const QString& a, const QString& b) { return a.compare(b, Qt::CaseInsensitive) < 0; });
+    QCOMPARE(texts(tvw.Nodes(QStringLiteral("Root")).Child()), lstExpected);
 }
 
 void tst_VBTreeWidget::removeForgetsKeysOfNodeAndChildren() {
