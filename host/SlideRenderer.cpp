@@ -145,7 +145,10 @@ void SlideRenderer::Paint(QPainter& painter, const QRect& rect, const Slide& sli
 QImage SlideRenderer::Render(const Slide& slide, const QSize& size, bool blnBlackedOut,
                              int intBackgroundIndex) {
     QImage image(size, QImage::Format_RGB32);
-    image.fill(Qt::black);
+    // Paint covers the whole picture with the background colour (or black)
+    // first; only a colour that lets something through needs black under it.
+    if (m_look.backColor.alpha() < 255)
+        image.fill(Qt::black);
     QPainter painter(&image);
     Paint(painter, image.rect(), slide, blnBlackedOut, intBackgroundIndex);
     return image;
