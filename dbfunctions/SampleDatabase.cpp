@@ -29,7 +29,8 @@ public:
     bool Run() {
         DataAccess::Instance().BeginTrans();
         const bool ok = Options() && Media() && Hymns() && Texts() && Outline() &&
-                        ResponsiveReading() && Services() && ShortLists() && Templates() && Dates();
+                        ResponsiveReading() && Services() && ShortLists() && Templates() &&
+                        Dates() && NewestShown();
         if (ok)
             DataAccess::Instance().CommitTrans();
         else
@@ -409,6 +410,15 @@ private:
                     "ServiceItemDateCreated, '+' || (ServiceItemID * 7) || ' days') "
                     "WHERE ServiceItemID > 1",
                     {});
+    }
+
+    // The Services page opens on the newest service and remembers it as shown; the sample
+    // remembers it already, so that the first start writes nothing before its window opens.
+    bool NewestShown() {
+        if (!m_services.isEmpty())
+            P::SetState(QStringLiteral("LastShownServiceID"), m_services.last(), m_error,
+                        "SampleDatabase");
+        return Ok();
     }
 
     bool Exec(const char* sql, const QVariantList& values) {
