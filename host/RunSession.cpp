@@ -54,12 +54,14 @@ void RunSession::CreateParts(QWidget* consoleParent) {
     // for the projector waits until the press is over, and is not made when
     // the console has grabbed since the projector painted.
     if (m_console) {
-        connect(m_projector, &ProjectorWindow::PicturePainted, m_console,
-                [this] { m_mirrorAtPaint = m_console->imgMirror->pixmap().cacheKey(); });
+        connect(m_projector, &ProjectorWindow::PicturePainted, this, [this] {
+            if (m_console)
+                m_mirrorAtPaint = m_console->imgMirror->pixmap().cacheKey();
+        });
         connect(
-            m_projector, &ProjectorWindow::PictureShown, m_console,
+            m_projector, &ProjectorWindow::PictureShown, this,
             [this] {
-                if (m_console->imgMirror->pixmap().cacheKey() != m_mirrorAtPaint)
+                if (!m_console || m_console->imgMirror->pixmap().cacheKey() != m_mirrorAtPaint)
                     return;
                 ErrorReport::Guard([this] { m_console->RefreshScreenMirror(); });
             },
