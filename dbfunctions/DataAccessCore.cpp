@@ -500,7 +500,11 @@ qint32 DataAccessPrivate::LastInsertId() {
 
 void DataAccessPrivate::SetState(const QString& key, const QVariant& value,
                                  QString& strErrorMessage, const char* operation) {
-    Exec(QStringLiteral("INSERT OR REPLACE INTO StoreState (StateKey, StateValue) VALUES (?, ?)"),
+    // A value that is already stored is not written again: showing the service
+    // that was shown last, as every start does, costs no commit and no flush.
+    Exec(QStringLiteral("INSERT INTO StoreState (StateKey, StateValue) VALUES (?, ?) "
+                        "ON CONFLICT (StateKey) DO UPDATE SET StateValue = excluded.StateValue "
+                        "WHERE StateValue IS NOT excluded.StateValue"),
          {key, value}, strErrorMessage, operation);
 }
 

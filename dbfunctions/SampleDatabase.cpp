@@ -9,6 +9,11 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+
+#include <unistd.h>
 
 // Builds the sample database through DataAccess itself, so that the sample is made of exactly
 // the rows the program writes.
@@ -24,7 +29,8 @@ public:
     bool Run() {
         DataAccess::Instance().BeginTrans();
         const bool ok = Options() && Media() && Hymns() && Texts() && Outline() &&
-                        ResponsiveReading() && Services() && ShortLists() && Templates() && Dates();
+                        ResponsiveReading() && Services() && ShortLists() && Templates() &&
+                        Dates() && NewestShown();
         if (ok)
             DataAccess::Instance().CommitTrans();
         else
@@ -406,6 +412,15 @@ private:
                     {});
     }
 
+    // The Services page opens on the newest service and remembers it as shown; the sample
+    // remembers it already, so that the first start writes nothing before its window opens.
+    bool NewestShown() {
+        if (!m_services.isEmpty())
+            P::SetState(QStringLiteral("LastShownServiceID"), m_services.last(), m_error,
+                        "SampleDatabase");
+        return Ok();
+    }
+
     bool Exec(const char* sql, const QVariantList& values) {
         return P::Exec(QLatin1String(sql), values, m_error, "SampleDatabase");
     }
@@ -421,6 +436,44 @@ void RemoveFile(const QString& path) {
         QFile::remove(path + QLatin1String(suffix));
 }
 
+// The file that is built is a scratch file until it is complete: a build that stops half-way
+// is thrown away and made again. So it is written without waiting for the disk at each step
+// (the schema, the rows, the checkpoint), and flushed to the disk once, when it is complete.
+// The file is made in write-ahead mode before the data library opens it, so that the schema
+// goes in by the same road as the rows.
+bool StartScratchFile(const QString& path, QString& error) {
+    const QString connection = QStringLiteral("SampleDatabase.scratch");
+    bool ok = false;
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connection);
+        db.setDatabaseName(path);
+        QSqlQuery q(db);
+        ok = db.open() && q.exec(QStringLiteral("PRAGMA synchronous = OFF")) &&
+             q.exec(QStringLiteral("PRAGMA journal_mode = WAL"));
+        if (!ok)
+            error = QStringLiteral("%1 could not be made: %2")
+                        .arg(path, q.lastError().isValid() ? q.lastError().text()
+                                                           : db.lastError().text());
+        q.finish();
+        db.close();
+    }
+    QSqlDatabase::removeDatabase(connection);
+    return ok;
+}
+
+bool WriteWithoutWaiting(QString& error) {
+    QSqlQuery q(DataAccess::Instance().Database());
+    if (q.exec(QStringLiteral("PRAGMA synchronous = OFF")))
+        return true;
+    error = q.lastError().text();
+    return false;
+}
+
+bool FlushToDisk(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadWrite) && ::fsync(file.handle()) == 0;
+}
+
 } // namespace
 
 bool SampleDatabase::Build(const QString& strPath, QString& strErrorMessage) {
@@ -430,14 +483,24 @@ bool SampleDatabase::Build(const QString& strPath, QString& strErrorMessage) {
     QDir().mkpath(content);
     RemoveFile(building);
     DataAccess& da = DataAccess::Instance();
-    da.OpenDatabase(building, strErrorMessage);
-    if (!strErrorMessage.isEmpty())
+    if (!StartScratchFile(building, strErrorMessage)) {
+        RemoveFile(building);
         return false;
+    }
+    da.OpenDatabase(building, strErrorMessage);
+    if (!strErrorMessage.isEmpty() || !WriteWithoutWaiting(strErrorMessage)) {
+        da.CloseDatabase();
+        RemoveFile(building);
+        return false;
+    }
     da.SetContentFolder(content);
     Builder builder(content, strErrorMessage);
     const bool built = builder.Run();
     da.CloseDatabase();
-    if (!built) {
+    if (!built || !FlushToDisk(building)) {
+        if (built)
+            P::Fail(strErrorMessage, "SampleDatabase",
+                    QStringLiteral("%1 could not be written to the disk.").arg(building));
         RemoveFile(building);
         return false;
     }

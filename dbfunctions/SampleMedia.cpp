@@ -1,29 +1,28 @@
 #include "SampleMedia.h"
 
-#include <QColor>
 #include <QFile>
 #include <QImage>
 #include <QtMath>
 
 namespace {
 
-QRgb Blend(QColor a, QColor b, double t) {
+QRgb Blend(QRgb a, QRgb b, double t) {
     t = qBound(0.0, t, 1.0);
-    return qRgb(int(a.red() + (b.red() - a.red()) * t),
-                int(a.green() + (b.green() - a.green()) * t),
-                int(a.blue() + (b.blue() - a.blue()) * t));
+    return qRgb(int(qRed(a) + (qRed(b) - qRed(a)) * t),
+                int(qGreen(a) + (qGreen(b) - qGreen(a)) * t),
+                int(qBlue(a) + (qBlue(b) - qBlue(a)) * t));
 }
 
 // A sky from deep blue to gold with a low sun.
 QRgb Sunrise(int x, int y, int w, int h) {
     const double t = double(y) / h;
-    QRgb sky = Blend(QColor(20, 30, 90), QColor(250, 180, 80), t);
+    QRgb sky = Blend(qRgb(20, 30, 90), qRgb(250, 180, 80), t);
     const double dx = x - w * 0.5, dy = y - h * 0.78;
     const double d = qSqrt(dx * dx + dy * dy) / (h * 0.18);
     if (d < 1.0)
-        sky = Blend(QColor(255, 240, 190), QColor(qRed(sky), qGreen(sky), qBlue(sky)), d * d);
+        sky = Blend(qRgb(255, 240, 190), sky, d * d);
     if (y > h * 0.8)
-        sky = Blend(QColor(40, 50, 40), QColor(20, 25, 20), (y - h * 0.8) / (h * 0.2));
+        sky = Blend(qRgb(40, 50, 40), qRgb(20, 25, 20), (y - h * 0.8) / (h * 0.2));
     return sky;
 }
 
@@ -34,7 +33,7 @@ QRgb Cross(int x, int y, int w, int h) {
     if (upright || beam)
         return qRgb(250, 245, 230);
     const double dx = x - w / 2.0, dy = y - h * 3 / 8.0;
-    return Blend(QColor(120, 80, 160), QColor(30, 10, 50), qSqrt(dx * dx + dy * dy) / w);
+    return Blend(qRgb(120, 80, 160), qRgb(30, 10, 50), qSqrt(dx * dx + dy * dy) / w);
 }
 
 // A window of coloured panes with lead lines.
@@ -46,8 +45,8 @@ QRgb Window(int x, int y, int w, int h) {
                                    qRgb(40, 140, 70), qRgb(120, 40, 140)};
     const int index = ((x / pane) * 7 + (y / pane) * 3 + (x / pane) * (y / pane)) % 5;
     const double glow = 1.0 - 0.4 * qAbs(double(x) / w - 0.5) - 0.3 * qAbs(double(y) / h - 0.5);
-    const QColor c(colours[index]);
-    return qRgb(int(c.red() * glow), int(c.green() * glow), int(c.blue() * glow));
+    const QRgb c = colours[index];
+    return qRgb(int(qRed(c) * glow), int(qGreen(c) * glow), int(qBlue(c) * glow));
 }
 
 void PutLe(QByteArray& bytes, quint32 value, int size) {
@@ -60,12 +59,13 @@ void PutLe(QByteArray& bytes, quint32 value, int size) {
 bool SampleMedia::WritePicture(const QString& strPath, const QString& kind) {
     const int w = 640, h = 360;
     QImage image(w, h, QImage::Format_RGB32);
+    QRgb (*const pixel)(int, int, int, int) = kind == QLatin1String("cross")    ? Cross
+                                              : kind == QLatin1String("window") ? Window
+                                                                                : Sunrise;
     for (int y = 0; y < h; ++y) {
         auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
         for (int x = 0; x < w; ++x)
-            line[x] = kind == QLatin1String("cross")    ? Cross(x, y, w, h)
-                      : kind == QLatin1String("window") ? Window(x, y, w, h)
-                                                        : Sunrise(x, y, w, h);
+            line[x] = pixel(x, y, w, h);
     }
     return image.save(strPath);
 }

@@ -29,7 +29,6 @@ MainWindow::MainWindow(const StartUp& startUp, QWidget* parent)
     stkPages = new QStackedWidget(this);
     stkPages->setObjectName(QStringLiteral("stkPages"));
     setCentralWidget(stkPages);
-    CreatePages();
     CreateNavigation();
     CreateMenus();
     auto* lblDatabase = new QLabel(startUp.databasePath, this);
@@ -55,22 +54,67 @@ MainWindow::~MainWindow() {
         m_session->End();
 }
 
-void MainWindow::CreatePages() {
-    pgServices = new ServicesPage(stkPages);
-    pgServiceItems = new ServiceItemsPage(stkPages);
-    pgTemplates = new TemplatesPage(stkPages);
-    pgShortLists = new ShortListsPage(stkPages);
-    pgOptions = new OptionsPage(stkPages);
-    m_pages = {pgServices, pgServiceItems, pgTemplates, pgShortLists, pgOptions};
-    for (HostPage* page : m_pages) {
-        stkPages->addWidget(page);
-        connect(page, &HostPage::RunServiceRequested, this,
-                [this](qint32 id) { ErrorReport::Guard([&] { RunService(id); }); });
-        connect(page, &HostPage::RunServiceItemRequested, this,
-                [this](qint32 id) { ErrorReport::Guard([&] { RunServiceItem(id); }); });
+const QStringList& MainWindow::PageNames() {
+    static const QStringList names = {QStringLiteral("Services"), QStringLiteral("ServiceItems"),
+                                      QStringLiteral("Templates"), QStringLiteral("ShortLists"),
+                                      QStringLiteral("Options")};
+    return names;
+}
+
+// A page with its galleries and editors is made the first time it is asked
+// for, so that the window opens with only the page it shows.
+HostPage* MainWindow::CreatePage(const QString& strName) {
+    HostPage* page = nullptr;
+    if (strName == QLatin1String("Services"))
+        page = new ServicesPage(stkPages);
+    else if (strName == QLatin1String("ServiceItems"))
+        page = new ServiceItemsPage(stkPages);
+    else if (strName == QLatin1String("Templates"))
+        page = new TemplatesPage(stkPages);
+    else if (strName == QLatin1String("ShortLists"))
+        page = new ShortListsPage(stkPages);
+    else if (strName == QLatin1String("Options")) {
+        auto* options = new OptionsPage(stkPages);
+        connect(options, &OptionsPage::AboutCorvantis, this,
+                [this] { ErrorReport::Guard([this] { ShowAbout(); }); });
+        page = options;
     }
-    connect(pgOptions, &OptionsPage::AboutCorvantis, this,
-            [this] { ErrorReport::Guard([this] { ShowAbout(); }); });
+    if (!page)
+        return nullptr;
+    m_pages << page;
+    stkPages->addWidget(page);
+    connect(page, &HostPage::RunServiceRequested, this,
+            [this](qint32 id) { ErrorReport::Guard([&] { RunService(id); }); });
+    connect(page, &HostPage::RunServiceItemRequested, this,
+            [this](qint32 id) { ErrorReport::Guard([&] { RunServiceItem(id); }); });
+    return page;
+}
+
+HostPage* MainWindow::MadePage(const QString& strName) const {
+    for (HostPage* page : m_pages)
+        if (page->Name() == strName)
+            return page;
+    return nullptr;
+}
+
+ServicesPage* MainWindow::pgServices() {
+    return static_cast<ServicesPage*>(Page(QStringLiteral("Services")));
+}
+
+ServiceItemsPage* MainWindow::pgServiceItems() {
+    return static_cast<ServiceItemsPage*>(Page(QStringLiteral("ServiceItems")));
+}
+
+TemplatesPage* MainWindow::pgTemplates() {
+    return static_cast<TemplatesPage*>(Page(QStringLiteral("Templates")));
+}
+
+ShortListsPage* MainWindow::pgShortLists() {
+    return static_cast<ShortListsPage*>(Page(QStringLiteral("ShortLists")));
+}
+
+OptionsPage* MainWindow::pgOptions() {
+    return static_cast<OptionsPage*>(Page(QStringLiteral("Options")));
 }
 
 void MainWindow::CreateNavigation() {
@@ -102,19 +146,16 @@ void MainWindow::CreateNavigation() {
 
 QString MainWindow::PageForStartupTab(const QString& strStartupTab) {
     const QString tab = strStartupTab.trimmed();
-    for (const QString& name :
-         {QStringLiteral("Services"), QStringLiteral("ServiceItems"), QStringLiteral("Templates"),
-          QStringLiteral("ShortLists"), QStringLiteral("Options")})
+    for (const QString& name : PageNames())
         if (tab.compare(name, Qt::CaseInsensitive) == 0)
             return name;
     return QStringLiteral("Services");
 }
 
-HostPage* MainWindow::Page(const QString& strName) const {
-    for (HostPage* page : m_pages)
-        if (page->Name() == strName)
-            return page;
-    return nullptr;
+HostPage* MainWindow::Page(const QString& strName) {
+    if (HostPage* page = MadePage(strName))
+        return page;
+    return PageNames().contains(strName) ? CreatePage(strName) : nullptr;
 }
 
 HostPage* MainWindow::CurrentPage() const {

@@ -40,7 +40,9 @@ public:
     // "ShortLists", "Options") once the page in view agreed to be left.
     bool ShowPage(const QString& strName);
     HostPage* CurrentPage() const;
-    HostPage* Page(const QString& strName) const;
+    // The page of that name, made when it is first asked for: only the page
+    // shown first is made as the window opens.
+    HostPage* Page(const QString& strName);
     // The page that Options/StartupTab names; "Services" when it names none.
     static QString PageForStartupTab(const QString& strStartupTab);
 
@@ -77,11 +79,12 @@ public:
     void ShowHelp(const QString& strPage = QString());
     HelpWindow* Help() const { return m_help; }
 
-    ServicesPage* pgServices;
-    ServiceItemsPage* pgServiceItems;
-    TemplatesPage* pgTemplates;
-    ShortListsPage* pgShortLists;
-    OptionsPage* pgOptions;
+    // The pages by kind, each made on first use.
+    ServicesPage* pgServices();
+    ServiceItemsPage* pgServiceItems();
+    TemplatesPage* pgTemplates();
+    ShortListsPage* pgShortLists();
+    OptionsPage* pgOptions();
     QToolBar* tbrNavigation;
     QActionGroup* grpNavigation;
     QStackedWidget* stkPages;
@@ -108,7 +111,10 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void CreatePages();
+    static const QStringList& PageNames();
+    HostPage* CreatePage(const QString& strName);
+    // The page of that name when it has been made, else nullptr.
+    HostPage* MadePage(const QString& strName) const;
     void CreateNavigation();
     void CreateMenus();
     void CreateFileMenu();
@@ -133,7 +139,7 @@ private:
     void ReportExchangeFailure(const QString& strTitle, const QString& strErrorMessage);
 
     StartUp m_startUp;
-    QList<HostPage*> m_pages;
+    QList<HostPage*> m_pages; // the pages made so far
     QPointer<RunSession> m_session;
     QWidget* m_pageBeforeRun = nullptr;
     QLabel* lblSlidesStatus = nullptr; // the slides of a run still being prepared

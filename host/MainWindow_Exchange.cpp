@@ -61,23 +61,24 @@ void MainWindow::ReportExchangeFailure(const QString& strTitle, const QString& s
 
 namespace {
 
-Selection SelectionOf(HostPage* page, qint32& lngID, ServicesPage* services,
-                      ServiceItemsPage* items) {
+// What the page in view has selected: a service on the Services page, a service item on the
+// Service Items page.
+Selection SelectionOf(HostPage* page, qint32& lngID) {
     lngID = 0;
-    if (page == services)
+    if (auto* services = qobject_cast<ServicesPage*>(page))
         lngID = services->SelectedServiceID();
-    else if (page == items)
+    else if (auto* items = qobject_cast<ServiceItemsPage*>(page))
         lngID = items->SelectedServiceItemID();
     if (lngID == 0)
         return Selection::None;
-    return page == services ? Selection::Service : Selection::ServiceItem;
+    return qobject_cast<ServicesPage*>(page) ? Selection::Service : Selection::ServiceItem;
 }
 
 } // namespace
 
 void MainWindow::UpdateFileActions() {
     qint32 lngID = 0;
-    const Selection selection = SelectionOf(CurrentPage(), lngID, pgServices, pgServiceItems);
+    const Selection selection = SelectionOf(CurrentPage(), lngID);
     const bool running = IsRunning();
     mnuFileImport->setEnabled(!running);
     mnuFileExport->setEnabled(!running && selection != Selection::None);
@@ -94,17 +95,17 @@ void MainWindow::ImportFile() {
         return;
     }
     // What came in shows in the galleries, the newest item selected.
-    pgServices->Reload();
+    pgServices()->Reload();
     qint32 lngNewest = 0;
     da.GetNewestServiceItemID(strErrorMessage, lngNewest);
-    pgServiceItems->ctlServiceItemGallery1->ShowServiceItems();
+    pgServiceItems()->ctlServiceItemGallery1->ShowServiceItems();
     if (lngNewest != 0)
-        pgServiceItems->ctlServiceItemGallery1->SelectServiceItem(lngNewest);
+        pgServiceItems()->ctlServiceItemGallery1->SelectServiceItem(lngNewest);
 }
 
 void MainWindow::ExportSelection() {
     qint32 lngID = 0;
-    const Selection selection = SelectionOf(CurrentPage(), lngID, pgServices, pgServiceItems);
+    const Selection selection = SelectionOf(CurrentPage(), lngID);
     DataAccess& da = DataAccess::Instance();
     QString strErrorMessage;
     QString strDescription;
@@ -124,7 +125,7 @@ void MainWindow::ExportSelection() {
 
 void MainWindow::PrintSelection() {
     qint32 lngID = 0;
-    const Selection selection = SelectionOf(CurrentPage(), lngID, pgServices, pgServiceItems);
+    const Selection selection = SelectionOf(CurrentPage(), lngID);
     QString strErrorMessage;
     if (selection == Selection::Service)
         DataAccess::Instance().PrintService(lngID, strErrorMessage);
@@ -138,7 +139,7 @@ void MainWindow::PrintSelection() {
 void MainWindow::PrintShortCuts() {
     qint32 lngID = 0;
     QString strErrorMessage;
-    if (SelectionOf(CurrentPage(), lngID, pgServices, pgServiceItems) == Selection::Service)
+    if (SelectionOf(CurrentPage(), lngID) == Selection::Service)
         DataAccess::Instance().PrintServiceShortCuts(lngID, strErrorMessage);
     else
         strErrorMessage = QStringLiteral("Choose a service on the Services page first.");

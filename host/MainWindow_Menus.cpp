@@ -154,11 +154,11 @@ void MainWindow::mnuRunService_AboutToShow() {
 }
 
 void MainWindow::mnuRunSelectedService_Click() {
-    RunService(pgServices->SelectedServiceID());
+    RunService(pgServices()->SelectedServiceID());
 }
 
 void MainWindow::mnuRunSelectedServiceItem_Click() {
-    RunServiceItem(pgServiceItems->SelectedServiceItemID());
+    RunServiceItem(pgServiceItems()->SelectedServiceItemID());
 }
 
 void MainWindow::UpdateRunActions() {

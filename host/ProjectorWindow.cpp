@@ -196,6 +196,7 @@ void ProjectorWindow::paintEvent(QPaintEvent*) {
     if (!m_pictureChanged || IsInTransition())
         return;
     m_pictureChanged = false;
+    emit PicturePainted();
     // Told once the painted picture has reached the screen, after this event.
     QTimer::singleShot(0, this, [this] {
         if (!m_closing)

@@ -52,6 +52,9 @@ signals:
     // A changed picture (another slide, black, back, another size) has been
     // painted: what a grab of the screen now finds is the new picture.
     void PictureShown();
+    // A changed picture has just been painted; PictureShown follows once the
+    // paint has reached the screen.
+    void PicturePainted();
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -6,6 +6,8 @@
 #include "foundations/ErrorReport.h"
 #include "run/ctlRun.h"
 
+#include <QLabel>
+
 RunSession::RunSession(QWidget* consoleParent, QObject* parent) : QObject(parent) {
     CreateParts(consoleParent);
 }
@@ -48,10 +50,25 @@ void RunSession::CreateParts(QWidget* consoleParent) {
                 &RunController::OperatorAction);
     connect(m_controller, &RunController::RunEndRequested, this, [this] { End(); });
     // The console's mirror is grabbed again once the projector has painted
-    // each change, so that it never shows the picture before.
-    if (m_console)
-        connect(m_projector, &ProjectorWindow::PictureShown, m_console,
-                [this] { ErrorReport::Guard([this] { m_console->RefreshScreenMirror(); }); });
+    // each change, so that it never shows the picture before. A press on the
+    // console grabs the mirror itself once its event has been handled, and the
+    // projector usually paints while that press pumps messages: so the grab
+    // for the projector waits until the press is over, and is not made when
+    // the console has grabbed since the projector painted.
+    if (m_console) {
+        connect(m_projector, &ProjectorWindow::PicturePainted, this, [this] {
+            if (m_console)
+                m_mirrorAtPaint = m_console->imgMirror->pixmap().cacheKey();
+        });
+        connect(
+            m_projector, &ProjectorWindow::PictureShown, this,
+            [this] {
+                if (!m_console || m_console->imgMirror->pixmap().cacheKey() != m_mirrorAtPaint)
+                    return;
+                ErrorReport::Guard([this] { m_console->RefreshScreenMirror(); });
+            },
+            Qt::QueuedConnection);
+    }
     connect(&m_engine, &RunEngine::RunEnded, this,
             [this] { ErrorReport::Guard([this] { Engine_RunEnded(); }); });
 }

@@ -50,4 +50,6 @@ private:
     RunController* m_controller = nullptr;
     OperatorKeyFilter* m_keys = nullptr;
     bool m_ended = false;
+    // The console's mirror picture when the projector last painted a change.
+    qint64 m_mirrorAtPaint = -1;
 };

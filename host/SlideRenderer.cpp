@@ -54,16 +54,36 @@ QImage SlideRenderer::Picture(const QString& strPath) {
     return image;
 }
 
+QImage SlideRenderer::ScaledPicture(const QString& strPath, const QSize& size,
+                                    Qt::AspectRatioMode mode) {
+    constexpr qsizetype Kept = 6;
+    for (qsizetype i = 0; i < m_scaled.size(); ++i) {
+        const Scaled& kept = m_scaled.at(i);
+        if (kept.size == size && kept.mode == mode && kept.path == strPath) {
+            const QImage image = kept.image;
+            if (i > 0)
+                m_scaled.move(i, 0);
+            return image;
+        }
+    }
+    const QImage image = Picture(strPath);
+    if (image.isNull())
+        return image;
+    m_scaled.prepend({strPath, size, mode, image.scaled(size, mode, Qt::SmoothTransformation)});
+    if (m_scaled.size() > Kept)
+        m_scaled.removeLast();
+    return m_scaled.first().image;
+}
+
 void SlideRenderer::PaintBackground(QPainter& painter, const QRect& rect, const Slide& slide,
                                     int index) {
     painter.fillRect(rect, m_look.backColor);
     if (slide.backgrounds.isEmpty())
         return;
-    const QImage image = Picture(slide.backgrounds.at(index % slide.backgrounds.size()));
-    if (image.isNull())
+    const QImage scaled = ScaledPicture(slide.backgrounds.at(index % slide.backgrounds.size()),
+                                        rect.size(), Qt::KeepAspectRatioByExpanding);
+    if (scaled.isNull())
         return;
-    const QImage scaled =
-        image.scaled(rect.size(), Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
     const QRect source((scaled.width() - rect.width()) / 2, (scaled.height() - rect.height()) / 2,
                        rect.width(), rect.height());
     painter.drawImage(rect, scaled, source);
@@ -76,15 +96,14 @@ void SlideRenderer::PaintBackground(QPainter& painter, const QRect& rect, const 
 }
 
 void SlideRenderer::PaintPicture(QPainter& painter, const QRect& rect, const Slide& slide) {
-    const QImage image = Picture(slide.picturePath);
-    if (image.isNull()) {
+    const QImage scaled = ScaledPicture(slide.picturePath, rect.size(), Qt::KeepAspectRatio);
+    if (scaled.isNull()) {
         const QString name = QFileInfo(slide.picturePath).fileName();
         DrawText(painter, rect, Qt::AlignCenter | Qt::TextWordWrap,
                  name.isEmpty() ? QStringLiteral("(no picture)")
                                 : QStringLiteral("Picture not found: ") + name);
         return;
     }
-    const QImage scaled = image.scaled(rect.size(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
     painter.drawImage(rect.left() + (rect.width() - scaled.width()) / 2,
                       rect.top() + (rect.height() - scaled.height()) / 2, scaled);
 }
@@ -126,7 +145,10 @@ void SlideRenderer::Paint(QPainter& painter, const QRect& rect, const Slide& sli
 QImage SlideRenderer::Render(const Slide& slide, const QSize& size, bool blnBlackedOut,
                              int intBackgroundIndex) {
     QImage image(size, QImage::Format_RGB32);
-    image.fill(Qt::black);
+    // Paint covers the whole picture with the background colour (or black)
+    // first; only a colour that lets something through needs black under it.
+    if (m_look.backColor.alpha() < 255)
+        image.fill(Qt::black);
     QPainter painter(&image);
     Paint(painter, image.rect(), slide, blnBlackedOut, intBackgroundIndex);
     return image;

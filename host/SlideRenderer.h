@@ -56,6 +56,10 @@ private:
     Areas Layout(const QRect& rect, const Slide& slide) const;
     QFont Font(int intPixelSize, bool blnBold) const;
     QImage Picture(const QString& strPath);
+    // The picture at strPath scaled smoothly to size: made once and kept, since
+    // the same pictures come back slide after slide (a background under every
+    // verse, a picture shown again) and scaling costs more than the painting.
+    QImage ScaledPicture(const QString& strPath, const QSize& size, Qt::AspectRatioMode mode);
     void PaintBackground(QPainter& painter, const QRect& rect, const Slide& slide, int index);
     void PaintPicture(QPainter& painter, const QRect& rect, const Slide& slide);
     void PaintPdfPage(QPainter& painter, const QRect& rect, const Slide& slide);
@@ -70,5 +74,12 @@ private:
     RunLook m_look;
     int m_sizeStep = 0;
     QHash<QString, QImage> m_pictures;
+    struct Scaled {
+        QString path;
+        QSize size;
+        Qt::AspectRatioMode mode;
+        QImage image;
+    };
+    QList<Scaled> m_scaled;              // the last few, the newest first
     std::shared_ptr<PdfSlides> m_slides; // the presentation whose pages were drawn last
 };

@@ -446,12 +446,31 @@ qint32 Platform::GetSystemMetrics(qint32 nIndex) {
 QPixmap Platform::GrabDesktop(const QRect& rcArea) {
     if (rcArea.isEmpty())
         return QPixmap();
-    QPixmap picture(rcArea.size());
-    picture.fill(Qt::black);
-    QPainter painter(&picture);
     // The offscreen platform takes global coordinates, the others coordinates
     // relative to the screen grabbed.
     const bool global = QGuiApplication::platformName() == QLatin1String("offscreen");
+    // An area within one screen (the projector's, as the console grabs it) is
+    // that screen's grab itself, without a copy into a picture of its own.
+    for (QScreen* screen : QGuiApplication::screens()) {
+        if (!screen->geometry().contains(rcArea))
+            continue;
+        const QPoint from =
+            global ? rcArea.topLeft() : rcArea.topLeft() - screen->geometry().topLeft();
+        const QPixmap grabbed =
+            screen->grabWindow(0, from.x(), from.y(), rcArea.width(), rcArea.height());
+        if (grabbed.size() == rcArea.size() && !grabbed.hasAlphaChannel())
+            return grabbed;
+        QPixmap picture(rcArea.size());
+        picture.fill(Qt::black);
+        if (!grabbed.isNull()) {
+            QPainter painter(&picture);
+            painter.drawPixmap(QRect(QPoint(0, 0), rcArea.size()), grabbed);
+        }
+        return picture;
+    }
+    QPixmap picture(rcArea.size());
+    picture.fill(Qt::black);
+    QPainter painter(&picture);
     for (QScreen* screen : QGuiApplication::screens()) {
         const QRect part = rcArea.intersected(screen->geometry());
         if (part.isEmpty())

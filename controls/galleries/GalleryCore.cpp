@@ -1,6 +1,7 @@
 // GalleryCore: the working parts shared by the galleries.
 
 #include "galleries/GalleryCore.h"
+#include "galleries/ToolbarPictures.h"
 
 #include "TraceLog.h"
 #include "foundations/KeyCodes.h"
@@ -17,12 +18,10 @@
 #include <QComboBox>
 #include <QDateTime>
 #include <QGroupBox>
-#include <QHash>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
-#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStyle>
@@ -478,24 +477,6 @@ void GalleryCore::Report(const QString& strText) {
     Platform::Current().MsgBox(strText);
 }
 
-namespace {
-// The 16 x 16 picture of one of the style's standard icons, made once per style: every
-// gallery's toolbar asks for the same few, and making one reads and decodes the style's image
-// files again.
-QPixmap ToolbarPicture(QStyle* style, QStyle::StandardPixmap picture) {
-    static QPointer<QStyle> keptFor;
-    static auto* const kept = new QHash<int, QPixmap>; // lives as long as the program
-    if (keptFor != style) {
-        kept->clear();
-        keptFor = style;
-    }
-    auto it = kept->constFind(picture);
-    if (it == kept->constEnd())
-        it = kept->insert(picture, style->standardIcon(picture).pixmap(16, 16));
-    return it.value();
-}
-} // namespace
-
 void GalleryCore::CreateToolbar(QWidget* owner, VBImageList*& imlToolBar, VBToolBar*& Toolbar2,
                                 std::initializer_list<ToolbarButtonSpec> buttons) {
     imlToolBar = new VBImageList(QStringLiteral("imlToolBar"), owner);
@@ -506,7 +487,7 @@ void GalleryCore::CreateToolbar(QWidget* owner, VBImageList*& imlToolBar, VBTool
     for (const ToolbarButtonSpec& b : buttons) {
         const QString strImage = QString::fromLatin1(b.image);
         const QString strTip = QString::fromLatin1(b.tip);
-        imlToolBar->Add(strImage, ToolbarPicture(owner->style(), b.picture));
+        imlToolBar->Add(strImage, ToolbarPictures::For(owner->style(), b.picture));
         QAction* button = Toolbar2->AddButton(QString::fromLatin1(b.key), strTip,
                                               QIcon(imlToolBar->ListImage(strImage)));
         button->setToolTip(strTip);

@@ -30,6 +30,25 @@ private slots:
         QCOMPARE(rs->RecordCount(), 0);
     }
 
+    void showingTheServiceShownLastWritesNothingAndAnotherIsRemembered() {
+        TestDatabase db;
+        const qint32 morning = db.AddService(QStringLiteral("Morning"));
+        const qint32 evening = db.AddService(QStringLiteral("Evening"));
+        const QString shown = QStringLiteral(
+            "SELECT StateValue FROM StoreState WHERE StateKey = 'LastShownServiceID'");
+        da().ServiceShown(morning);
+        QCOMPARE(db.Scalar(shown).toInt(), morning);
+        const qint32 changes = db.Scalar(QStringLiteral("SELECT total_changes()")).toInt();
+        da().ServiceShown(morning);
+        QCOMPARE(db.Scalar(QStringLiteral("SELECT total_changes()")).toInt(), changes);
+        da().ServiceShown(evening);
+        QCOMPARE(db.Scalar(QStringLiteral("SELECT total_changes()")).toInt(), changes + 1);
+        QCOMPARE(db.Scalar(shown).toInt(), evening);
+        QCOMPARE(db.Count(QStringLiteral("StoreState"),
+                          QStringLiteral("StateKey = 'LastShownServiceID'")),
+                 1);
+    }
+
     void nullFieldComesBackAsNullNotEmptyText() {
         TestDatabase db;
         const qint32 item = db.AddServiceItem(TestDatabase::Prayer, "Grace before meals");

@@ -122,6 +122,32 @@ private slots:
             0);
     }
 
+    // The Services page opens on the newest service and remembers it as shown: the sample
+    // remembers that one already, so the first start has nothing to write.
+    void newestServiceIsRememberedAsShown() {
+        QString error;
+        std::unique_ptr<Recordset> services;
+        da().GetServices(QString(), 4, error, services);
+        QVERIFY2(error.isEmpty(), qPrintable(error));
+        QVERIFY(services && services->RecordCount() > 0);
+        services->MoveFirst();
+        const qint32 newest = services->Fields("ServiceID").toInt();
+        QCOMPARE(count("SELECT StateValue FROM StoreState WHERE StateKey = 'LastShownServiceID'"),
+                 newest);
+        const qint32 changes = count("SELECT total_changes()");
+        da().ServiceShown(newest);
+        QCOMPARE(count("SELECT total_changes()"), changes);
+    }
+
+    void builtFileIsFlushedAndItsScratchCompanionsAreGone() {
+        const QString base = m_dir.path() + "/Sample/Corvantis.pdb.building";
+        for (const char* suffix : {"", "-wal", "-shm"})
+            QVERIFY2(!QFile::exists(base + QLatin1String(suffix)), suffix);
+        QSqlQuery mode = da().Database().exec("PRAGMA journal_mode");
+        QVERIFY(mode.next());
+        QCOMPARE(mode.value(0).toString(), QString("wal"));
+    }
+
     void fileIsConsistent() {
         QSqlQuery q = da().Database().exec("PRAGMA foreign_key_check");
         QVERIFY(!q.next());

@@ -98,6 +98,7 @@ private slots:
     void monitorsPrimaryFirst();
     void systemMetricsOfTwoMonitors();
     void grabDesktopPicturesWhatIsOnTheScreens();
+    void grabWithinOneScreenPicturesThatScreensArea();
 
 private:
     QTemporaryDir m_dir;
@@ -354,6 +355,28 @@ void tst_Platform::grabDesktopPicturesWhatIsOnTheScreens() {
     QCOMPARE(picture.size(), QSize(400, 200));
     // Outside the window the desktop is not red.
     QVERIFY(QColor(picture.pixel(20, 20)) != QColor(Qt::red));
+}
+
+void tst_Platform::grabWithinOneScreenPicturesThatScreensArea() {
+    QWidget blue;
+    blue.setWindowFlag(Qt::FramelessWindowHint);
+    blue.setAutoFillBackground(true);
+    QPalette palette = blue.palette();
+    palette.setColor(QPalette::Window, Qt::blue);
+    blue.setPalette(palette);
+    blue.setGeometry(1300, 300, 100, 60);
+    blue.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&blue));
+    // Wholly on the second screen, as the console grabs the projector's.
+    const QRect area(1250, 250, 300, 200);
+    QImage picture;
+    QTRY_VERIFY((picture = Platform::Current().GrabDesktop(area).toImage(),
+                 QColor(picture.pixel(80, 80)) == QColor(Qt::blue)));
+    QCOMPARE(picture.size(), QSize(300, 200));
+    QCOMPARE(QColor(picture.pixel(50, 50)), QColor(Qt::blue));
+    QCOMPARE(QColor(picture.pixel(149, 109)), QColor(Qt::blue));
+    QVERIFY(QColor(picture.pixel(150, 110)) != QColor(Qt::blue));
+    QVERIFY(QColor(picture.pixel(49, 49)) != QColor(Qt::blue));
 }
 
 int main(int argc, char** argv) {

@@ -71,7 +71,7 @@ void tst_FileMenu::init() {
     window->resize(1100, 700);
     window->show();
     QVERIFY(QTest::qWaitForWindowExposed(window.get()));
-    window->pgServices->SelectService(service);
+    window->pgServices()->SelectService(service);
 }
 
 void tst_FileMenu::cleanup() {
@@ -117,9 +117,9 @@ void tst_FileMenu::importShowsWhatCameInAndSelectsTheNewestItem() {
              QStringLiteral("Imported from abide.txt: 1 service item."));
     const qint32 newest =
         db->Scalar(QStringLiteral("SELECT max(ServiceItemID) FROM ServiceItems")).toInt();
-    QCOMPARE(window->pgServiceItems->ctlServiceItemGallery1->SelectedItemText(),
+    QCOMPARE(window->pgServiceItems()->ctlServiceItemGallery1->SelectedItemText(),
              QStringLiteral("Abide with Me"));
-    QCOMPARE(window->pgServiceItems->SelectedServiceItemID(), newest);
+    QCOMPARE(window->pgServiceItems()->SelectedServiceItemID(), newest);
 }
 
 void tst_FileMenu::importOfAFileThatIsNotOursSaysWhy() {
@@ -152,7 +152,7 @@ void tst_FileMenu::printOfTheSelectedServiceShowsItsSheet() {
     QCOMPARE(platform->Sheets().size(), 1);
     QCOMPARE(platform->Sheets().at(0).Title, QStringLiteral("Morning Worship"));
     QVERIFY(window->ShowPage(QStringLiteral("ServiceItems")));
-    window->pgServiceItems->ctlServiceItemGallery1->SelectServiceItem(song);
+    window->pgServiceItems()->ctlServiceItemGallery1->SelectServiceItem(song);
     Action("mnuFilePrint")->trigger();
     QCOMPARE(platform->Sheets().size(), 2);
     QCOMPARE(platform->Sheets().at(1).Title, QStringLiteral("Be Thou My Vision"));

@@ -56,6 +56,7 @@ private slots:
 
     void navigationBarHasTheFiveEntries();
     void startupTabChoosesTheFirstPage();
+    void onlyThePageShownFirstIsMadeAndTheOthersWhenFirstShown();
     void windowTitleSaysWhenItIsSampleMode();
     void servicesPageOpensOnTheNewestService();
     void servicesPageListsTheServicesAndShowsTheClickedOne();
@@ -144,6 +145,29 @@ void tst_MainWindow::startupTabChoosesTheFirstPage() {
     QCOMPARE(other.CurrentPage()->Name(), QStringLiteral("Templates"));
 }
 
+void tst_MainWindow::onlyThePageShownFirstIsMadeAndTheOthersWhenFirstShown() {
+    auto made = [this] {
+        QStringList names;
+        for (int i = 0; i < window->stkPages->count(); ++i)
+            names << window->stkPages->widget(i)->objectName();
+        return names;
+    };
+    QCOMPARE(made(), QStringList({"Services"}));
+    QVERIFY(window->ShowPage(QStringLiteral("Options")));
+    QCOMPARE(made(), QStringList({"Services", "Options"}));
+    HostPage* options = window->CurrentPage();
+    QVERIFY(window->ShowPage(QStringLiteral("Services")));
+    QVERIFY(window->ShowPage(QStringLiteral("Options")));
+    QCOMPARE(window->CurrentPage(), options);
+    QCOMPARE(made(), QStringList({"Services", "Options"}));
+    // A page asked for by its kind is made too, without being shown.
+    QVERIFY(window->pgTemplates());
+    QCOMPARE(window->CurrentPage(), options);
+    QCOMPARE(made(), QStringList({"Services", "Options", "Templates"}));
+    QVERIFY(!window->Page(QStringLiteral("Nowhere")));
+    QVERIFY(!window->ShowPage(QStringLiteral("Nowhere")));
+}
+
 void tst_MainWindow::windowTitleSaysWhenItIsSampleMode() {
     QCOMPARE(window->windowTitle(), QStringLiteral("Corvantis"));
     StartUp start = Start();
@@ -153,22 +177,22 @@ void tst_MainWindow::windowTitleSaysWhenItIsSampleMode() {
 }
 
 void tst_MainWindow::servicesPageOpensOnTheNewestService() {
-    QCOMPARE(window->pgServices->SelectedServiceID(), empty);
-    ctlService* editor = window->pgServices->ServiceEditor();
+    QCOMPARE(window->pgServices()->SelectedServiceID(), empty);
+    ctlService* editor = window->pgServices()->ServiceEditor();
     QVERIFY(editor);
     QCOMPARE(editor->lblMainCaption->text(), QStringLiteral("Nothing yet"));
-    QVERIFY(window->pgServices->cmdRunService->isEnabled());
+    QVERIFY(window->pgServices()->cmdRunService->isEnabled());
 }
 
 void tst_MainWindow::servicesPageListsTheServicesAndShowsTheClickedOne() {
-    ctlServiceGallery* gallery = window->pgServices->ctlServiceGallery1;
+    ctlServiceGallery* gallery = window->pgServices()->ctlServiceGallery1;
     qint32 services = 0;
     for (qint32 i = 1; i <= gallery->tvwServices->Count(); ++i)
         services += gallery->tvwServices->Nodes(i).Key().contains(QStringLiteral(";;Service;"));
     QCOMPARE(services, 2);
     gallery->SelectService(service);
-    QCOMPARE(window->pgServices->SelectedServiceID(), service);
-    ctlService* editor = window->pgServices->ServiceEditor();
+    QCOMPARE(window->pgServices()->SelectedServiceID(), service);
+    ctlService* editor = window->pgServices()->ServiceEditor();
     QVERIFY(editor);
     QCOMPARE(editor->lblMainCaption->text(), QStringLiteral("Morning Worship"));
     editor->SSTab1->setCurrentIndex(1);
@@ -176,28 +200,28 @@ void tst_MainWindow::servicesPageListsTheServicesAndShowsTheClickedOne() {
              QStringLiteral("Be Thou My Vision"));
     QCOMPARE(editor->fgItemsInService->item(2, ctlService::colDescription)->text(),
              QStringLiteral("Collect for Purity"));
-    QVERIFY(window->pgServices->cmdRunService->isEnabled());
+    QVERIFY(window->pgServices()->cmdRunService->isEnabled());
 }
 
 void tst_MainWindow::serviceItemClickedInTheGalleryShowsTheItem() {
     QVERIFY(window->ShowPage(QStringLiteral("ServiceItems")));
-    ctlServiceItemGallery* gallery = window->pgServiceItems->ctlServiceItemGallery1;
+    ctlServiceItemGallery* gallery = window->pgServiceItems()->ctlServiceItemGallery1;
     emit gallery->SIClicked(QString::number(prayer), QStringLiteral("Collect for Purity"),
                             QString(), QString(), QStringLiteral("SI"));
-    auto* editor = window->pgServiceItems->ServiceItemEditor();
+    auto* editor = window->pgServiceItems()->ServiceItemEditor();
     QVERIFY(editor);
     QCOMPARE(editor->Items(), QString::number(prayer));
     QCOMPARE(editor->lblMainCaption->text(), QStringLiteral("Collect for Purity"));
     QCOMPARE(editor->txtDescription->text(), QStringLiteral("Collect for Purity"));
-    QCOMPARE(window->pgServiceItems->SelectedServiceItemID(), prayer);
+    QCOMPARE(window->pgServiceItems()->SelectedServiceItemID(), prayer);
     emit gallery->SIClicked(QStringLiteral("Type;1"), QStringLiteral("Prayer"),
                             QStringLiteral("ServiceItemTypeID = 1"),
                             QStringLiteral("Type is Prayer"), QStringLiteral("SIGroup"));
-    auto* panel = qobject_cast<EventPanel*>(window->pgServiceItems->Editor()->Current());
+    auto* panel = qobject_cast<EventPanel*>(window->pgServiceItems()->Editor()->Current());
     QVERIFY(panel);
     QCOMPARE(panel->Caption(), QStringLiteral("Prayer"));
     QCOMPARE(panel->Value(QStringLiteral("Filter")), QStringLiteral("Type is Prayer"));
-    QCOMPARE(window->pgServiceItems->SelectedServiceItemID(), 0);
+    QCOMPARE(window->pgServiceItems()->SelectedServiceItemID(), 0);
 }
 
 void tst_MainWindow::editorSlotAsksBeforeItReplaces() {
@@ -222,8 +246,8 @@ void tst_MainWindow::editorSlotAsksBeforeItReplaces() {
 }
 
 void tst_MainWindow::editorThatWillNotGoKeepsThePage() {
-    window->pgServices->Editor()->Replace(new QLabel(QStringLiteral("unsaved")),
-                                          [] { return false; });
+    window->pgServices()->Editor()->Replace(new QLabel(QStringLiteral("unsaved")),
+                                            [] { return false; });
     QVERIFY(!window->ShowPage(QStringLiteral("Templates")));
     QCOMPARE(window->CurrentPage()->Name(), QStringLiteral("Services"));
     window->findChild<QAction*>(QStringLiteral("navTemplates"))->trigger();
@@ -321,8 +345,8 @@ void tst_MainWindow::endOnTheConsoleEndsTheRunAndRecordsTheDelivery() {
 }
 
 void tst_MainWindow::runButtonOfTheServicesPageRunsTheService() {
-    window->pgServices->SelectService(service);
-    window->pgServices->cmdRunService->click();
+    window->pgServices()->SelectService(service);
+    window->pgServices()->cmdRunService->click();
     QVERIFY(window->IsRunning());
     QCOMPARE(window->Session()->Engine().ServiceID(), service);
 }
@@ -340,7 +364,7 @@ void tst_MainWindow::serviceWithNothingToShowIsRefusedWithAMessage() {
 
 void tst_MainWindow::runOfOneServiceItemFromTheGallery() {
     QVERIFY(window->ShowPage(QStringLiteral("ServiceItems")));
-    emit window->pgServiceItems->ctlServiceItemGallery1->ToolBarButtonClicked(
+    emit window->pgServiceItems()->ctlServiceItemGallery1->ToolBarButtonClicked(
         QStringLiteral("btnRun"), song);
     QVERIFY(window->IsRunning());
     RunSession* session = window->Session();
@@ -454,7 +478,7 @@ void tst_MainWindow::helpMenuOpensEachPageOfTheGuide() {
 }
 
 void tst_MainWindow::f1SentByAControlOpensTheGuide() {
-    VBTreeWidget* tree = window->pgServices->ctlServiceGallery1->tvwServices;
+    VBTreeWidget* tree = window->pgServices()->ctlServiceGallery1->tvwServices;
     tree->setFocus();
     // What a control's SendKeys("{F1}") does: an F1 key stroke to the focus.
     QCoreApplication::postEvent(tree, new QKeyEvent(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier));
@@ -472,18 +496,18 @@ void tst_MainWindow::questionMarkOfTheConsoleOpensTheGuideAtRunning() {
 
 void tst_MainWindow::propertiesButtonOfTheGalleryShowsTheSelectedItem() {
     QVERIFY(window->ShowPage(QStringLiteral("ServiceItems")));
-    auto* gallery = window->pgServiceItems->ctlServiceItemGallery1;
+    auto* gallery = window->pgServiceItems()->ctlServiceItemGallery1;
     emit gallery->SIClicked(QString::number(prayer), QStringLiteral("Collect for Purity"),
                             QString(), QString(), QStringLiteral("SI"));
-    QVERIFY(window->pgServiceItems->ServiceItemEditor());
+    QVERIFY(window->pgServiceItems()->ServiceItemEditor());
     QVERIFY(
-        window->pgServiceItems->Editor()->Replace(new QLabel(QStringLiteral("something else"))));
-    QVERIFY(!window->pgServiceItems->ServiceItemEditor());
+        window->pgServiceItems()->Editor()->Replace(new QLabel(QStringLiteral("something else"))));
+    QVERIFY(!window->pgServiceItems()->ServiceItemEditor());
     QAction* properties = gallery->findChild<QAction*>(QStringLiteral("btnProperties"));
     QVERIFY(properties);
     properties->setEnabled(true);
     properties->trigger();
-    auto* editor = window->pgServiceItems->ServiceItemEditor();
+    auto* editor = window->pgServiceItems()->ServiceItemEditor();
     QVERIFY(editor);
     QCOMPARE(editor->txtDescription->text(), QStringLiteral("Collect for Purity"));
 }
@@ -516,15 +540,15 @@ void tst_MainWindow::pagesWriteWordsAndFourDigitYearsNotFieldNames() {
     QVERIFY(db->Exec(QStringLiteral("UPDATE Services SET ServiceDateLastDelivered = "
                                     "'2025-03-09 00:00:00' WHERE ServiceID = ?"),
                      {service}));
-    window->pgServices->SelectService(service);
-    ctlService* editor = window->pgServices->ServiceEditor();
+    window->pgServices()->SelectService(service);
+    ctlService* editor = window->pgServices()->ServiceEditor();
     QVERIFY(editor);
     QVERIFY(editor->lblDateLastDelivered->text().contains(QStringLiteral("2025")));
     QVERIFY(!editor->lblDateLastDelivered->text().contains(QStringLiteral("202525")));
     // The Options page holds the options control itself, with its own words.
     QVERIFY(window->ShowPage(QStringLiteral("Options")));
-    QVERIFY(!window->pgOptions->findChild<EventPanel*>());
-    auto* options = window->pgOptions->findChild<ctlOptions*>();
+    QVERIFY(!window->pgOptions()->findChild<EventPanel*>());
+    auto* options = window->pgOptions()->findChild<ctlOptions*>();
     QVERIFY(options);
     QCOMPARE(options->Description(), QStringLiteral("OptionsControl"));
 }
@@ -533,7 +557,7 @@ void tst_MainWindow::templatesPageShowsTheGalleryBesideTheEditor() {
     const qint32 sheet = db->AddTemplate(QStringLiteral("Order of Service"), true);
     QVERIFY(sheet > 0);
     QVERIFY(window->ShowPage(QStringLiteral("Templates")));
-    ctlTemplateGallery* gallery = window->pgTemplates->galTemplates;
+    ctlTemplateGallery* gallery = window->pgTemplates()->galTemplates;
     QStringList headers;
     QTreeWidgetItem* header = gallery->lvwTemplates->headerItem();
     for (int i = 0; i < header->columnCount(); ++i)
@@ -544,8 +568,8 @@ void tst_MainWindow::templatesPageShowsTheGalleryBesideTheEditor() {
     const QString key = QStringLiteral("Type;ServiceTemplate;;Template;%1").arg(sheet);
     QVERIFY(gallery->tvwTemplates->KeyExists(key));
     emit gallery->tvwTemplates->itemClicked(gallery->tvwTemplates->Nodes(key).Item(), 0);
-    QVERIFY(window->pgTemplates->Template());
-    QCOMPARE(window->pgTemplates->Template()->lblMainCaption->text(),
+    QVERIFY(window->pgTemplates()->Template());
+    QCOMPARE(window->pgTemplates()->Template()->lblMainCaption->text(),
              QStringLiteral("Order of Service"));
 }
 

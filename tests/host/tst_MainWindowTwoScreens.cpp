@@ -134,6 +134,37 @@ private slots:
         QTRY_VERIFY(Mirror(console) != before);
     }
 
+    // A press of Forward on the console grabs the mirror once, after the
+    // projector has painted the new part: not again when the projector tells
+    // that its picture is on the screen.
+    void forwardOnTheConsoleGrabsTheNewPictureOnce() {
+        const qint32 song =
+            db->AddSong(QStringLiteral("Abide with Me"),
+                        {{QStringLiteral("Verse 1"), QStringLiteral("Abide with me")},
+                         {QStringLiteral("Verse 2"), QStringLiteral("Swift to its close")},
+                         {QStringLiteral("Verse 3"), QStringLiteral("I need thy presence")}});
+        const qint32 evening = db->AddService(QStringLiteral("Evening"), {{song}});
+        Open();
+        QVERIFY(window->RunService(evening));
+        ctlRun* console = window->Session()->Console();
+        ProjectorWindow* projector = window->Session()->Projector();
+        QTRY_VERIFY(Screenshot::IsNotBlank(Mirror(console)));
+        QTRY_VERIFY(!projector->IsInTransition());
+        const QImage before = Mirror(console);
+        QSignalSpy shown(projector, &ProjectorWindow::PictureShown);
+        const qsizetype grabs = platform->Grabs().size();
+        console->cmdForward->click();
+        QCOMPARE(window->Session()->Engine().CurrentPart(), 1);
+        QTRY_COMPARE(shown.count(), 1);
+        // What the projector's news set in motion has run.
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::processEvents();
+        QCOMPARE(platform->Grabs().size(), grabs + 1);
+        QVERIFY(Mirror(console) != before);
+        const QRect area = platform->Grabs().constLast();
+        QCOMPARE(Mirror(console), platform->GrabDesktop(area).toImage());
+    }
+
     // Beside the console: the picture showing and the one Forward brings.
     void previewShowsTheCurrentAndTheNextSlide() {
         const qint32 song = db->AddSong(QStringLiteral("Be Thou My Vision"),

@@ -63,8 +63,8 @@ private:
         window->show();
         QVERIFY(QTest::qWaitForWindowExposed(window.get()));
     }
-    ServicesPage* Page() const { return window->pgServices; }
-    ctlService* Editor() const { return window->pgServices->ServiceEditor(); }
+    ServicesPage* Page() const { return window->pgServices(); }
+    ctlService* Editor() const { return window->pgServices()->ServiceEditor(); }
     // Makes every write to Services fail, as a full or locked disk would.
     bool BreakServiceWrites() {
         return db->Exec("CREATE TRIGGER refuse BEFORE UPDATE ON Services "

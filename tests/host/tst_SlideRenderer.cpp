@@ -128,6 +128,45 @@ private slots:
         QCOMPARE(QColor(image.pixel(200, 380)), renderer.Look().backColor);
     }
 
+    void pictureShownAgainIsDrawnTheSameAsTheFirstTime() {
+        QTemporaryDir dir;
+        QImage gradient(160, 90, QImage::Format_RGB32);
+        for (int y = 0; y < gradient.height(); ++y)
+            for (int x = 0; x < gradient.width(); ++x)
+                gradient.setPixel(x, y, qRgb(x, y * 2, 255 - x));
+        const QString path = dir.filePath(QStringLiteral("gradient.png"));
+        QVERIFY(gradient.save(path));
+        Slide picture;
+        picture.kind = Slide::Kind::Picture;
+        picture.picturePath = path;
+        SlideRenderer renderer;
+        const QImage first = renderer.Render(picture, QSize(400, 300));
+        QCOMPARE(renderer.Render(picture, QSize(400, 300)), first);
+        // A renderer that never drew it draws the same.
+        QCOMPARE(SlideRenderer().Render(picture, QSize(400, 300)), first);
+    }
+
+    void picturesKeptForOneSizeAreScaledAgainForAnother() {
+        QTemporaryDir dir;
+        SlideRenderer renderer;
+        Slide picture;
+        picture.kind = Slide::Kind::Picture;
+        picture.picturePath =
+            writePicture(dir, QStringLiteral("wide.png"), QSize(100, 50), QColor(0, 200, 0));
+        Slide background;
+        background.backgrounds << picture.picturePath;
+        renderer.Render(picture, QSize(400, 400));
+        renderer.Render(background, QSize(400, 400));
+        // Now twice as wide as high: the picture fills the whole slide.
+        const QImage wide = renderer.Render(picture, QSize(400, 200));
+        QCOMPARE(QColor(wide.pixel(200, 5)), QColor(0, 200, 0));
+        QCOMPARE(QColor(wide.pixel(200, 195)), QColor(0, 200, 0));
+        // The same file as a background is scaled to cover, not to fit.
+        const QImage covered = renderer.Render(background, QSize(400, 400));
+        QCOMPARE(QColor(covered.pixel(2, 2)), QColor(0, 200, 0));
+        QCOMPARE(QColor(covered.pixel(397, 397)), QColor(0, 200, 0));
+    }
+
     void missingPictureIsSaidInWords() {
         SlideRenderer renderer;
         Slide picture;
