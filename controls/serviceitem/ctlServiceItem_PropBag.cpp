@@ -7,6 +7,7 @@
 #include "foundations/Platform.h"
 #include "foundations/VBImageList.h"
 #include "foundations/VBRuntime.h"
+#include "galleries/PropBagMoves.h"
 #include "galleries/ctlServiceItemGallery.h"
 
 #include <QPushButton>
@@ -20,12 +21,6 @@
 namespace {
 MemberEntry Entry(const char* member) {
     return MemberEntry(QStringLiteral("ctlServiceItem"), QString::fromLatin1(member));
-}
-
-constexpr int ImageRole = Qt::UserRole + 2;
-
-QString KeyOf(const QTreeWidgetItem* item) {
-    return item->data(0, Qt::UserRole).toString();
 }
 } // namespace
 
@@ -62,14 +57,7 @@ void ctlServiceItem::LoadPropBagTab() {
 void ctlServiceItem::cmdMoveOneRight_Click() {
     const auto entry = Entry("cmdMoveOneRight_Click").Enter();
     entry.Guarded([&] {
-        const QString strKey = ctlServiceItemGallery1->SelectedItemKey();
-        const QString strText = ctlServiceItemGallery1->SelectedItemText();
-        const qint16 intImage = ctlServiceItemGallery1->SelectedItemImage();
-        auto* item = new QTreeWidgetItem(lvwPropBag, {strText});
-        item->setData(0, Qt::UserRole, strKey);
-        item->setData(0, ImageRole, intImage);
-        item->setIcon(0, imlServiceItems->Icon(static_cast<qint32>(intImage)));
-        ctlServiceItemGallery1->HideServiceItem(strKey);
+        PropBagMoves::MoveRight(*ctlServiceItemGallery1, *lvwPropBag, *imlServiceItems);
         Changed(TabPropBag);
         SetUpPropBagButtons();
     });
@@ -78,16 +66,8 @@ void ctlServiceItem::cmdMoveOneRight_Click() {
 void ctlServiceItem::cmdMoveOneLeft_Click() {
     const auto entry = Entry("cmdMoveOneLeft_Click").Enter();
     entry.Guarded([&] {
-        QTreeWidgetItem* item = lvwPropBag->currentItem();
-        if (!item)
+        if (!PropBagMoves::MoveLeft(*lvwPropBag, *ctlServiceItemGallery1))
             return;
-        const QString strKey = KeyOf(item);
-        const qsizetype lngAt = strKey.indexOf(QLatin1String(";;"));
-        const QString strParentKey = lngAt < 0 ? QString() : strKey.left(lngAt);
-        ctlServiceItemGallery1->AddServiceItem(
-            strParentKey, strKey, item->text(0),
-            static_cast<qint16>(item->data(0, ImageRole).toInt()));
-        delete item;
         Changed(TabPropBag);
         SetUpPropBagButtons();
     });
@@ -135,15 +115,7 @@ void ctlServiceItem::ctlServiceItemGallery1_SIDblClicked() {
 }
 
 // A refilled gallery shows every item again: those in the bag are hidden anew.
-// They are named by id alone, since a filtered view may not hold them at all.
 void ctlServiceItem::ctlServiceItemGallery1_SIListFilterChanged() {
     const auto entry = Entry("ctlServiceItemGallery1_SIListFilterChanged").Enter();
-    entry.Guarded([&] {
-        for (int i = 0; i < lvwPropBag->topLevelItemCount(); ++i) {
-            const QString strKey = KeyOf(lvwPropBag->topLevelItem(i));
-            const qsizetype lngAt = strKey.indexOf(QLatin1String(";;SI;"));
-            if (lngAt >= 0)
-                ctlServiceItemGallery1->HideServiceItem(QString(), VB::CLng(strKey.mid(lngAt + 5)));
-        }
-    });
+    entry.Guarded([&] { PropBagMoves::HideBagged(*lvwPropBag, *ctlServiceItemGallery1); });
 }

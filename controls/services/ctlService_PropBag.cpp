@@ -7,6 +7,7 @@
 #include "foundations/Platform.h"
 #include "foundations/VBImageList.h"
 #include "foundations/VBRuntime.h"
+#include "galleries/PropBagMoves.h"
 #include "galleries/ctlServiceItemGallery.h"
 
 #include <QPushButton>
@@ -19,10 +20,6 @@
 namespace {
 MemberEntry Entry(const char* member) {
     return MemberEntry(QStringLiteral("ctlService"), QString::fromLatin1(member));
-}
-
-QString KeyOf(const QTreeWidgetItem* item) {
-    return item->data(0, Qt::UserRole).toString();
 }
 } // namespace
 
@@ -72,14 +69,7 @@ void ctlService::LoadPropBagTab() {
 void ctlService::cmdMoveOneRight_Click() {
     const auto entry = Entry("cmdMoveOneRight_Click").Enter();
     entry.Guarded([&] {
-        const QString strKey = ctlSIPropBag->SelectedItemKey();
-        const QString strText = ctlSIPropBag->SelectedItemText();
-        const qint16 intImage = ctlSIPropBag->SelectedItemImage();
-        auto* item = new QTreeWidgetItem(lvwPropBag, {strText});
-        item->setData(0, Qt::UserRole, strKey);
-        item->setData(0, Qt::UserRole + 2, intImage);
-        item->setIcon(0, imgSITypes->Icon(static_cast<int>(intImage)));
-        ctlSIPropBag->HideServiceItem(strKey);
+        PropBagMoves::MoveRight(*ctlSIPropBag, *lvwPropBag, *imgSITypes);
         m_cycle->Changed(2);
         SetUpPropBagButtons();
     });
@@ -88,15 +78,8 @@ void ctlService::cmdMoveOneRight_Click() {
 void ctlService::cmdMoveOneLeft_Click() {
     const auto entry = Entry("cmdMoveOneLeft_Click").Enter();
     entry.Guarded([&] {
-        QTreeWidgetItem* item = lvwPropBag->currentItem();
-        if (!item)
+        if (!PropBagMoves::MoveLeft(*lvwPropBag, *ctlSIPropBag))
             return;
-        const QString strKey = KeyOf(item);
-        const qint32 lngAt = strKey.indexOf(QLatin1String(";;"));
-        const QString strParentKey = lngAt < 0 ? QString() : strKey.left(lngAt);
-        ctlSIPropBag->AddServiceItem(strParentKey, strKey, item->text(0),
-                                     static_cast<qint16>(item->data(0, Qt::UserRole + 2).toInt()));
-        delete item;
         m_cycle->Changed(2);
         SetUpPropBagButtons();
     });
@@ -137,14 +120,7 @@ void ctlService::ctlSIPropBag_SIClicked() {
 // The gallery rebuilt its view, so the items in the bag would show again.
 void ctlService::ctlSIPropBag_SIListFilterChanged() {
     const auto entry = Entry("ctlSIPropBag_SIListFilterChanged").Enter();
-    entry.Guarded([&] {
-        for (int i = 0; i < lvwPropBag->topLevelItemCount(); ++i) {
-            const QString strKey = KeyOf(lvwPropBag->topLevelItem(i));
-            const qint32 lngAt = strKey.indexOf(QLatin1String(";;SI;"));
-            if (lngAt >= 0)
-                ctlSIPropBag->HideServiceItem(QString(), VB::CLng(strKey.mid(lngAt + 5)));
-        }
-    });
+    entry.Guarded([&] { PropBagMoves::HideBagged(*lvwPropBag, *ctlSIPropBag); });
 }
 
 void ctlService::SetUpPropBagButtons() {
