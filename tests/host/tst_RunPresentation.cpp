@@ -35,10 +35,7 @@ class tst_RunPresentation : public QObject {
     }
     // A presentation item whose file is strFile.
     qint32 presentation(const QString& strDescription, const QString& strFile) {
-        const qint32 id = db->AddServiceItem(TestDatabase::PowerPoint, strDescription);
-        db->Exec("UPDATE ServiceItems SET ServiceItemFilename = ? WHERE ServiceItemID = ?",
-                 {strFile, id});
-        return id;
+        return db->AddFileItem(TestDatabase::PowerPoint, strDescription, strFile);
     }
     // A presentation whose slides (intSlides pages) were converted before.
     QString convertedTalk(const QString& strName, int intSlides) {

@@ -36,10 +36,7 @@ class tst_RunPresentationsAhead : public QObject {
         return strPath;
     }
     qint32 presentation(const QString& strDescription, const QString& strFile) {
-        const qint32 id = db->AddServiceItem(TestDatabase::PowerPoint, strDescription);
-        db->Exec("UPDATE ServiceItems SET ServiceItemFilename = ? WHERE ServiceItemID = ?",
-                 {strFile, id});
-        return id;
+        return db->AddFileItem(TestDatabase::PowerPoint, strDescription, strFile);
     }
     static QString hangingPid(const FakeOffice& office) {
         QFile file(office.HangingPidFile());

@@ -56,6 +56,17 @@ qint32 TestDatabase::AddServiceItem(qint32 typeId, const QString& description,
     return id;
 }
 
+qint32 TestDatabase::AddFileItem(qint32 typeId, const QString& description,
+                                 const QString& strFile) {
+    const qint32 id = AddServiceItem(typeId, description);
+    if (id == 0 ||
+        !Exec(QStringLiteral(
+                  "UPDATE ServiceItems SET ServiceItemFilename = ? WHERE ServiceItemID = ?"),
+              {strFile, id}))
+        return 0;
+    return id;
+}
+
 qint32 TestDatabase::AddSong(const QString& description, const QList<SongPart>& parts,
                              const QList<int>& sequence) {
     const qint32 song = AddServiceItem(Song, description);

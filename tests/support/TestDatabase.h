@@ -89,6 +89,8 @@ public:
     // A service item of a type with a description (and optional content and notes).
     qint32 AddServiceItem(qint32 typeId, const QString& description,
                           const QString& content = QString(), const QString& notes = QString());
+    // A service item of a type whose content is the file strFile (its full path, as stored).
+    qint32 AddFileItem(qint32 typeId, const QString& description, const QString& strFile);
     // A song (type 17) with its parts; sequence holds 0-based indexes into parts in sung order
     // (empty: the parts in their order).
     qint32 AddSong(const QString& description, const QList<SongPart>& parts,
