@@ -83,18 +83,48 @@ QMessageBox::Icon boxIcon(qint32 intButtons) {
     }
 }
 
-// "Text files|*.txt;*.rtf|All|*.*" -> "Text files (*.txt *.rtf);;All (*.*)".
+// "Text files|*.txt;*.rtf|All|*.*" -> "Text files (*.txt *.rtf);;All (*.*)", and
+// "Text files (*.txt;*.rtf)|*.txt;*.rtf" -> "Text files (*.txt *.rtf)".
 QString qtFilter(const QString& strFilter) {
     const QStringList parts = strFilter.split(QLatin1Char('|'));
     QStringList filters;
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
         QString patterns = parts.at(i + 1);
         patterns.replace(QLatin1Char(';'), QLatin1Char(' '));
-        filters << parts.at(i) + QStringLiteral(" (") + patterns.simplified() + QLatin1Char(')');
+        // A label that shows its patterns already ("Pictures (*.bmp;*.jpg)") shows them once.
+        QString label = parts.at(i);
+        const qsizetype lngOpen = label.lastIndexOf(QLatin1Char('('));
+        if (label.endsWith(QLatin1Char(')')) && lngOpen > 0)
+            label = label.left(lngOpen).trimmed();
+        filters << label + QStringLiteral(" (") + patterns.simplified() + QLatin1Char(')');
     }
     if (parts.size() % 2 == 1 && !parts.last().isEmpty())
         filters << parts.last();
     return filters.join(QStringLiteral(";;"));
+}
+
+// The desktop's open dialog offers, after the entries it was given, the newer
+// formats of the same families (a .pptx beside a .ppt, a .png beside a .jpg),
+// which the program reads as well; the list the caller passed is unchanged.
+QString withNewerFormats(const QString& strFilter) {
+    static const QList<std::pair<QStringList, QStringList>> families = {
+        {{"*.doc", "*.txt", "*.rtf"}, {"*.docx", "*.odt"}},
+        {{"*.ppt"}, {"*.pptx", "*.odp"}},
+        {{"*.bmp", "*.jpg", "*.gif"}, {"*.png", "*.jpeg"}}};
+    const QString strLower = strFilter.toLower();
+    QStringList newer;
+    for (const auto& [older, added] : families)
+        for (const QString& pattern : older)
+            if (strLower.contains(pattern)) {
+                for (const QString& extra : added)
+                    if (!newer.contains(extra) && !strLower.contains(extra + ';') &&
+                        !strLower.endsWith(extra))
+                        newer << extra;
+                break;
+            }
+    if (newer.isEmpty())
+        return strFilter;
+    return strFilter + QStringLiteral("|Newer formats|") + newer.join(QLatin1Char(';'));
 }
 
 // True when the first filter of the list names only picture files, so that
@@ -238,7 +268,8 @@ QString Platform::ShowOpen(const QString& strFilter, const QString& strTitle,
                            const QString& strInitDir, bool blnCancelError) {
     if (!haveWidgets())
         return cancelled(blnCancelError);
-    QFileDialog dialog(dialogParent(), strTitle, LocalPath(strInitDir), qtFilter(strFilter));
+    QFileDialog dialog(dialogParent(), strTitle, LocalPath(strInitDir),
+                       qtFilter(withNewerFormats(strFilter)));
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::ExistingFile);
     if (picturesOnly(strFilter))

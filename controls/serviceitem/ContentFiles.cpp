@@ -60,26 +60,20 @@ BrowseDialog BrowseDialogFor(qint32 lngTypeID) {
     switch (lngTypeID) {
     case 4:
     case 5:
-        return {QStringLiteral("Picture Files (*.bmp;*.jpg;*.gif)|*.bmp;*.jpg;*.gif|"
-                               "Newer Picture Files (*.png;*.jpeg)|*.png;*.jpeg"),
+        return {QStringLiteral("Picture Files (*.bmp;*.jpg;*.gif)|*.bmp;*.jpg;*.gif"),
                 QStringLiteral("Select a picture file")};
     case 10:
         return {QStringLiteral("Music Files (*.mp3;*.wav;*.mid)|*.mp3;*.wav;*.mid"),
                 QStringLiteral("Select a music file")};
     case 0:
         return {
-            QStringLiteral("Files (*.txt;*.rtf;*.bmp;*.jpg;*.gif)|*.txt;*.rtf;*.bmp;*.jpg;*.gif|"
-                           "Newer Files (*.docx;*.odt;*.png;*.jpeg)|*.docx;*.odt;*.png;*.jpeg"),
+            QStringLiteral("Files (*.txt;*.rtf;*.bmp;*.jpg;*.gif)|*.txt;*.rtf;*.bmp;*.jpg;*.gif"),
             strSelect};
     case 12:
-        return {QStringLiteral("PowerPoint Presentations (*.ppt)|*.ppt|"
-                               "Newer Presentations (*.pptx;*.odp)|*.pptx;*.odp"),
-                strSelect};
+        return {QStringLiteral("PowerPoint Presentations (*.ppt)|*.ppt"), strSelect};
     default:
         return {QStringLiteral("MS Word, PowerPoint & Text Files (*.doc;*.ppt;*.txt;*.rtf)|"
-                               "*.doc;*.ppt;*.txt;*.rtf|"
-                               "Newer Documents and Presentations (*.docx;*.odt;*.pptx;*.odp)|"
-                               "*.docx;*.odt;*.pptx;*.odp"),
+                               "*.doc;*.ppt;*.txt;*.rtf"),
                 strSelect};
     }
 }
@@ -131,11 +125,11 @@ QString BrowseInvitation() {
                           "responsive reading Service Item");
 }
 
-// The line break before the advice is a rich text box's own, a line feed: a
-// carriage return there would start a paragraph of its own.
+// The advice stands on a line of its own (the box makes the carriage return
+// and line feed one line break).
 QString OpenErrorText(const QString& strErrorMessage) {
     return QStringLiteral("There was an error opening this file. The error description is: ") +
-           strErrorMessage + QStringLiteral("\n To try again please dible click this box");
+           strErrorMessage + QStringLiteral("\r\n To try again please dible click this box");
 }
 
 QString MissingFileText(const QString& strKind, const QString& strPath) {

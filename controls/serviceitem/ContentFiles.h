@@ -38,9 +38,9 @@ Opened OpenedAs(const QString& strName);
 enum class Dropped { Refused, Document, Picture };
 Dropped DroppedAs(const QString& strName);
 
-// The open dialog of cmdBrowse_Click for an item of a type: its filter (first
-// the long-standing entry of the type, then one with the newer formats) and
-// its title.
+// The open dialog of cmdBrowse_Click for an item of a type: its filter and
+// its title (the desktop's dialog lists the newer formats of the filter's
+// families after it).
 struct BrowseDialog {
     QString Filter;
     QString Title;

@@ -84,6 +84,7 @@ private slots:
     void msgBoxShowsVbButtonSetsAndAnswersVbCodes();
     void msgBoxTitleDefaultsToCorvantis();
     void showOpenTakesVbFilterAndReturnsChosenFile();
+    void showOpenOffersTheNewerFormatsOfTheFamiliesItWasGiven();
     void showOpenCancelRaises32755();
     void showOpenCancelWithoutCancelErrorGivesEmpty();
     void pictureFilterOpensThumbnailView();
@@ -186,12 +187,41 @@ void tst_Platform::showOpenTakesVbFilterAndReturnsChosenFile() {
         QMetaObject::invokeMethod(dialog, "accept");
     });
     const QString chosen =
-        Platform::Current().ShowOpen(QStringLiteral("Text Files|*.txt;*.rtf|All Files|*.*"),
+        Platform::Current().ShowOpen(QStringLiteral("Hymn Files|*.txt;*.hym|All Files|*.*"),
                                      QStringLiteral("Choose a file"), m_dir.path());
     QCOMPARE(chosen, file);
-    QCOMPARE(filters, (QStringList{QStringLiteral("Text Files (*.txt *.rtf)"),
-                                   QStringLiteral("All Files (*.*)")}));
+    QCOMPARE(filters, (QStringList{QStringLiteral("Hymn Files (*.txt *.hym)"),
+                                   QStringLiteral("All Files (*.*)"),
+                                   QStringLiteral("Newer formats (*.docx *.odt)")}));
     QCOMPARE(title, QStringLiteral("Choose a file"));
+}
+
+// A .pptx or a .png is read as well as the .ppt and .jpg of the long-standing
+// filters: the desktop dialog lists them in an entry of their own after the
+// caller's, and a filter of other files (music) is left as it was given.
+void tst_Platform::showOpenOffersTheNewerFormatsOfTheFamiliesItWasGiven() {
+    QList<QStringList> seen;
+    const auto look = [&] {
+        whenModal<QFileDialog>([&](QFileDialog* dialog) {
+            seen << dialog->nameFilters();
+            dialog->reject();
+        });
+    };
+    look();
+    Platform::Current().ShowOpen(QStringLiteral("PowerPoint Presentations (*.ppt)|*.ppt"),
+                                 QString(), m_dir.path(), false);
+    look();
+    Platform::Current().ShowOpen(QStringLiteral("Picture Files|*.bmp;*.jpg;*.png"), QString(),
+                                 m_dir.path(), false);
+    look();
+    Platform::Current().ShowOpen(QStringLiteral("Music Files|*.mp3;*.wav;*.mid"), QString(),
+                                 m_dir.path(), false);
+    QCOMPARE(seen.size(), 3);
+    QCOMPARE(seen.at(0), (QStringList{QStringLiteral("PowerPoint Presentations (*.ppt)"),
+                                      QStringLiteral("Newer formats (*.pptx *.odp)")}));
+    QCOMPARE(seen.at(1), (QStringList{QStringLiteral("Picture Files (*.bmp *.jpg *.png)"),
+                                      QStringLiteral("Newer formats (*.jpeg)")}));
+    QCOMPARE(seen.at(2), (QStringList{QStringLiteral("Music Files (*.mp3 *.wav *.mid)")}));
 }
 
 void tst_Platform::showOpenCancelRaises32755() {
