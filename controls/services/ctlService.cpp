@@ -122,7 +122,10 @@ void ctlService::CreateWidgets() {
     SSTab1 = Named(new QTabWidget(surface), "SSTab1");
     SSTab1->addTab(CreateGeneralTab(), QStringLiteral("General Details"));
     SSTab1->addTab(CreateContentTab(), QStringLiteral("Content"));
-    SSTab1->addTab(CreatePropBagTab(), QStringLiteral("Prop Bag"));
+    // The prop bag's gallery and list are made when the tab is first shown:
+    // most visits to a service never open it, and a gallery is the costliest
+    // part of the editor to make.
+    SSTab1->addTab(new QWidget, QStringLiteral("Prop Bag"));
     layout->addWidget(SSTab1, 1);
     SSScroll1->setWidget(surface);
 
@@ -169,8 +172,14 @@ QWidget* ctlService::CreateGeneralTab() {
     return page;
 }
 
-QWidget* ctlService::CreatePropBagTab() {
-    auto* page = new QWidget;
+void ctlService::EnsurePropBagTab() {
+    if (ctlSIPropBag)
+        return;
+    CreatePropBagTab(SSTab1->widget(2));
+    ConnectPropBag();
+}
+
+void ctlService::CreatePropBagTab(QWidget* page) {
     auto* layout = new QHBoxLayout(page);
     ctlSIPropBag = Named(new ctlServiceItemGallery(page), "ctlSIPropBag");
     layout->addWidget(ctlSIPropBag, 1);
@@ -196,7 +205,6 @@ QWidget* ctlService::CreatePropBagTab() {
     right->addWidget(lblCaptionSelectedItems);
     right->addWidget(lvwPropBag, 1);
     layout->addLayout(right);
-    return page;
 }
 
 QWidget* ctlService::CreateContentTab() {
@@ -259,23 +267,16 @@ QWidget* ctlService::CreateContentTab() {
 }
 
 void ctlService::ConnectWidgets() {
+    // The prop bag tab is made before its click loads it.
+    connect(SSTab1, &QTabWidget::currentChanged, this, [this](int intIndex) {
+        if (intIndex == 2)
+            EnsurePropBagTab();
+    });
     connect(SSTab1, &QTabWidget::currentChanged, this, &ctlService::SSTab1_Click);
     connect(cmdApplyChanges, &QPushButton::clicked, this, &ctlService::cmdApplyChanges_Click);
     connect(lmgResources, &ListManager::ItemAdded, this, &ctlService::lmgResources_ItemChanged);
     connect(lmgResources, &ListManager::ItemDeleted, this, &ctlService::lmgResources_ItemChanged);
     connect(lmgResources, &ListManager::ItemUpdated, this, &ctlService::lmgResources_ItemChanged);
-    // Prop bag
-    connect(cmdMoveOneRight, &QPushButton::clicked, this, &ctlService::cmdMoveOneRight_Click);
-    connect(cmdMoveOneLeft, &QPushButton::clicked, this, &ctlService::cmdMoveOneLeft_Click);
-    connect(cmdMoveAllLeft, &QPushButton::clicked, this, &ctlService::cmdMoveAllLeft_Click);
-    connect(lvwPropBag, &QTreeWidget::itemClicked, this, &ctlService::lvwPropBag_Click);
-    connect(lvwPropBag, &QTreeWidget::itemDoubleClicked, this, &ctlService::lvwPropBag_DblClick);
-    connect(ctlSIPropBag, &ctlServiceItemGallery::SIDblClicked, this,
-            &ctlService::ctlSIPropBag_SIDblClicked);
-    connect(ctlSIPropBag, &ctlServiceItemGallery::SIClicked, this,
-            &ctlService::ctlSIPropBag_SIClicked);
-    connect(ctlSIPropBag, &ctlServiceItemGallery::SIListFilterChanged, this,
-            &ctlService::ctlSIPropBag_SIListFilterChanged);
     // Contents
     connect(cmdAddBlank, &QPushButton::clicked, this, &ctlService::cmdAddBlank_Click);
     connect(cmdMoveOneSIToService, &QPushButton::clicked, this,
@@ -304,6 +305,20 @@ void ctlService::ConnectWidgets() {
     connect(QVTimeSelector1, &QVTimeSelector::EnterButtonPressed, this,
             &ctlService::QVTimeSelector1_EnterButtonPressed);
     connect(QVTimeSelector1, &QVTimeSelector::Resized, this, &ctlService::QVTimeSelector1_Resized);
+}
+
+void ctlService::ConnectPropBag() {
+    connect(cmdMoveOneRight, &QPushButton::clicked, this, &ctlService::cmdMoveOneRight_Click);
+    connect(cmdMoveOneLeft, &QPushButton::clicked, this, &ctlService::cmdMoveOneLeft_Click);
+    connect(cmdMoveAllLeft, &QPushButton::clicked, this, &ctlService::cmdMoveAllLeft_Click);
+    connect(lvwPropBag, &QTreeWidget::itemClicked, this, &ctlService::lvwPropBag_Click);
+    connect(lvwPropBag, &QTreeWidget::itemDoubleClicked, this, &ctlService::lvwPropBag_DblClick);
+    connect(ctlSIPropBag, &ctlServiceItemGallery::SIDblClicked, this,
+            &ctlService::ctlSIPropBag_SIDblClicked);
+    connect(ctlSIPropBag, &ctlServiceItemGallery::SIClicked, this,
+            &ctlService::ctlSIPropBag_SIClicked);
+    connect(ctlSIPropBag, &ctlServiceItemGallery::SIListFilterChanged, this,
+            &ctlService::ctlSIPropBag_SIListFilterChanged);
 }
 
 bool ctlService::CanUnload() {

@@ -252,6 +252,9 @@ bool ctlService::SaveGeneral(bool& blnEnd) {
 }
 
 bool ctlService::SavePropBag() {
+    // A prop bag tab never shown has nothing changed to store.
+    if (!lvwPropBag)
+        return true;
     DataAccess& da = DataAccess::Instance();
     QString strErrorMessage;
     da.DeleteServicePropBag(lngServiceID, strErrorMessage);

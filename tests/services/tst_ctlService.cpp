@@ -27,6 +27,8 @@ private slots:
     void cleanup();
 
     void theThreeTabsStandInOrder();
+    void thePropBagTabIsMadeWhenFirstShownAndFilledThen();
+    void aServiceStoredWithoutOpeningThePropBagKeepsItsProps();
     void showPropertiesFillsTheGeneralTabClean();
     void itemsThatAreNoNumberAreRefusedWithoutLoading();
     void aServiceThatNoLongerExistsSaysSo();
@@ -83,6 +85,7 @@ void tst_ctlService::theThreeTabsStandInOrder() {
     QCOMPARE(ctl.SSTab1->tabText(2), QString("Prop Bag"));
     QCOMPARE(ctl.cmdApplyChanges->text(), QString("&Apply Changes"));
     QVERIFY(!ctl.cmdApplyChanges->isEnabled());
+    ctl.SSTab1->setCurrentIndex(2);
     QCOMPARE(ctl.lblCaptionSelectedItems->text(), QString("Selected Items"));
 }
 
@@ -368,8 +371,11 @@ void tst_ctlService::theContentTabIsFilledOnFirstView() {
 }
 
 namespace {
+// A prop bag tab not shown yet has no list, and so shows no props.
 QStringList PropTexts(const ctlService& ctl) {
     QStringList texts;
+    if (!ctl.lvwPropBag)
+        return texts;
     for (int i = 0; i < ctl.lvwPropBag->topLevelItemCount(); ++i)
         texts << ctl.lvwPropBag->topLevelItem(i)->text(0);
     return texts;
@@ -560,6 +566,35 @@ void tst_ctlService::anAnswerNoIsRememberedUntilTheNextChange() {
     QCOMPARE(m_db->Scalar("SELECT ServiceName FROM Services WHERE ServiceID = ?", {m_lib.service})
                  .toString(),
              QString("Maybe not"));
+}
+
+void tst_ctlService::thePropBagTabIsMadeWhenFirstShownAndFilledThen() {
+    ctlService ctl;
+    Show(ctl, m_lib.service);
+    QVERIFY(!ctl.ctlSIPropBag);
+    QVERIFY(!ctl.findChild<QTreeWidget*>("lvwPropBag"));
+    ctl.SSTab1->setCurrentIndex(2);
+    QVERIFY(ctl.ctlSIPropBag);
+    QCOMPARE(ctl.SSTab1->widget(2)->findChild<QTreeWidget*>("lvwPropBag"), ctl.lvwPropBag);
+    QVERIFY(GalleryShows(ctl.ctlSIPropBag, m_lib.notices));
+    ctl.ctlSIPropBag->SelectServiceItem(m_lib.notices);
+    QVERIFY(ctl.cmdMoveOneRight->isEnabled());
+    ctl.cmdMoveOneRight->click();
+    QCOMPARE(ctl.lvwPropBag->topLevelItemCount(), 1);
+    QVERIFY(ctl.cmdApplyChanges->isEnabled());
+}
+
+void tst_ctlService::aServiceStoredWithoutOpeningThePropBagKeepsItsProps() {
+    QVERIFY(m_db->Exec("INSERT INTO ServicePropBag (ServiceID, Position, PropServiceItemID) "
+                       "VALUES (?, 1, ?)",
+                       {m_lib.service, m_lib.grace}));
+    ctlService ctl;
+    Show(ctl, m_lib.service);
+    ctl.txtServiceName->setText("Renamed");
+    ctl.cmdApplyChanges->click();
+    QVERIFY(!ctl.cmdApplyChanges->isEnabled());
+    QVERIFY(!ctl.ctlSIPropBag);
+    QCOMPARE(StoredProps(*m_db, m_lib.service), QStringList({QString::number(m_lib.grace)}));
 }
 
 QTEST_MAIN(tst_ctlService)
