@@ -21,6 +21,24 @@
 
 #include <memory>
 
+// A service run from the operator's console, as the main window starts one.
+struct ConsoleRun {
+    ctlRun console;
+    RunEngine engine;
+    RunController controller{engine, &console};
+
+    bool Start(qint32 lngServiceID) {
+        console.resize(900, 700);
+        console.show();
+        QString err;
+        if (!engine.LoadService(lngServiceID, err))
+            return false;
+        console.setRunningService(lngServiceID);
+        controller.RunStarted();
+        return true;
+    }
+};
+
 class tst_RunItemPicturesAndMusic : public QObject {
     Q_OBJECT
 
@@ -190,15 +208,10 @@ private slots:
             ctl.cmdSave->click();
         }
         const qint32 service = db->AddService("Evening", {{prayer}, {reading}});
-        ctlRun console;
-        console.resize(900, 700);
-        console.show();
-        RunEngine engine;
-        RunController controller(engine, &console);
-        QString err;
-        QVERIFY(engine.LoadService(service, err));
-        console.setRunningService(service);
-        controller.RunStarted();
+        ConsoleRun run;
+        QVERIFY(run.Start(service));
+        RunEngine& engine = run.engine;
+        RunController& controller = run.controller;
         QVERIFY(!platform->SoundCalls().contains("Load " + strWav));
         platform->QueueAnswer(vbOK);
         controller.OperatorAction(OperatorKeys::Action::Forward);
@@ -226,15 +239,8 @@ private slots:
             QCOMPARE(platform->BoxCount(), 0);
         }
         const qint32 service = db->AddService("Evening", {{reading}});
-        ctlRun console;
-        console.resize(900, 700);
-        console.show();
-        RunEngine engine;
-        RunController controller(engine, &console);
-        QString err;
-        QVERIFY(engine.LoadService(service, err));
-        console.setRunningService(service);
-        controller.RunStarted();
+        ConsoleRun run;
+        QVERIFY(run.Start(service));
         QVERIFY2(platform->SoundCalls().contains("Load " + files.filePath("Chœur/offertory.mp3")),
                  qPrintable(platform->SoundCalls().join(", ")));
         QVERIFY(!platform->SoundCalls().contains("Play"));
@@ -246,15 +252,10 @@ private slots:
         QVERIFY(db->Exec("UPDATE ServiceItems SET ServiceItemMusic = ? WHERE ServiceItemID = ?",
                          {files.filePath("moved away.wav"), reading}));
         const qint32 service = db->AddService("Evening", {{prayer}, {reading}});
-        ctlRun console;
-        console.resize(900, 700);
-        console.show();
-        RunEngine engine;
-        RunController controller(engine, &console);
-        QString err;
-        QVERIFY(engine.LoadService(service, err));
-        console.setRunningService(service);
-        controller.RunStarted();
+        ConsoleRun run;
+        QVERIFY(run.Start(service));
+        RunEngine& engine = run.engine;
+        RunController& controller = run.controller;
         platform->QueueAnswer(vbOK);
         controller.OperatorAction(OperatorKeys::Action::Forward);
         QCOMPARE(platform->LastBox().Title, QString("File not found"));
