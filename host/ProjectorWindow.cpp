@@ -134,7 +134,10 @@ QImage ProjectorWindow::Picture() const {
 // A change that comes while a transition runs finishes that one at once and
 // starts from its new slide: every key press moves the slides on.
 void ProjectorWindow::Engine_SlideChanged() {
-    const QImage shown = m_picture.size() == size() ? m_picture : QImage();
+    // Black on and off comes at once: the operator wants it now.
+    const bool black = m_engine.IsBlackedOut();
+    const bool animates = m_engine.Look().Animates() && isVisible() && black == m_shownBlack;
+    const QImage shown = animates ? OutgoingPicture() : QImage();
     FinishTransition();
     const Slide& slide = m_engine.CurrentSlide();
     m_backgroundIndex = 0;
@@ -143,13 +146,25 @@ void ProjectorWindow::Engine_SlideChanged() {
     else
         tmrBackground->stop();
     m_picture = QImage();
-    // Black on and off comes at once: the operator wants it now.
-    const bool black = m_engine.IsBlackedOut();
-    if (m_engine.Look().Animates() && !shown.isNull() && isVisible() && black == m_shownBlack)
+    if (!shown.isNull())
         StartTransition(shown);
     m_shownBlack = black;
     m_pictureChanged = true;
     update();
+}
+
+// The picture a transition starts from: the new slide of a transition still
+// running, else the slide last shown whole, drawn again as it was shown (the
+// look or the size of the words may have changed since).
+QImage ProjectorWindow::OutgoingPicture() const {
+    if (IsInTransition())
+        return m_picture.size() == size() ? m_picture : QImage();
+    if (!m_shown || m_shown->size != size())
+        return QImage();
+    SlideRenderer renderer = m_engine.Renderer(); // with the pictures it keeps scaled
+    renderer.SetLook(m_shown->look);
+    renderer.SetSizeStep(m_shown->sizeStep);
+    return renderer.Render(m_shown->slide, size(), m_shown->blackedOut, m_shown->backgroundIndex);
 }
 
 void ProjectorWindow::StartTransition(const QImage& from) {
@@ -178,23 +193,38 @@ void ProjectorWindow::aniTransition_Finished() {
 
 void ProjectorWindow::tmrBackground_Timeout() {
     ++m_backgroundIndex;
-    m_picture = QImage();
     update();
 }
 
 void ProjectorWindow::paintEvent(QPaintEvent*) {
     ErrorReport::Guard([this] {
+        if (!IsInTransition()) {
+            PaintSlide();
+            return;
+        }
         if (m_picture.size() != size())
             m_picture = Picture();
         QPainter painter(this);
-        if (IsInTransition())
-            SlideRenderer::PaintTransition(painter, rect(), m_from, m_picture, m_transitionType,
-                                           aniTransition->currentValue().toReal());
-        else
-            painter.drawImage(0, 0, m_picture);
+        SlideRenderer::PaintTransition(painter, rect(), m_from, m_picture, m_transitionType,
+                                       aniTransition->currentValue().toReal());
     });
-    if (!m_pictureChanged || IsInTransition())
-        return;
+    if (m_pictureChanged && !IsInTransition())
+        TellPainted();
+}
+
+// The slide is painted straight onto the window, without a picture of its own
+// copied there; what was painted is noted, for a transition to start from.
+void ProjectorWindow::PaintSlide() {
+    m_picture = QImage();
+    QPainter painter(this);
+    SlideRenderer& renderer = m_engine.Renderer();
+    const Slide& slide = m_engine.CurrentSlide();
+    const bool black = m_engine.IsBlackedOut();
+    renderer.PaintOver(painter, rect(), slide, black, m_backgroundIndex);
+    m_shown = Shown{slide, renderer.Look(), renderer.SizeStep(), black, m_backgroundIndex, size()};
+}
+
+void ProjectorWindow::TellPainted() {
     m_pictureChanged = false;
     emit PicturePainted();
     // Told once the painted picture has reached the screen, after this event.
@@ -207,7 +237,6 @@ void ProjectorWindow::paintEvent(QPaintEvent*) {
 void ProjectorWindow::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     FinishTransition();
-    m_picture = QImage();
     m_pictureChanged = true;
     ErrorReport::Guard([this] { m_engine.SetScreenSize(size()); });
 }

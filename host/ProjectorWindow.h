@@ -2,10 +2,14 @@
 
 #include "OperatorKeys.h"
 #include "ProjectorPlacement.h"
+#include "RunLook.h"
+#include "Slide.h"
 
 #include <QImage>
 #include <QTimer>
 #include <QWidget>
+
+#include <optional>
 
 class QVariantAnimation;
 class RunEngine;
@@ -16,6 +20,7 @@ class RunEngine;
 // only one, and places itself again whenever a screen comes or goes. With
 // transitions switched on in the options, a new slide comes in by the chosen
 // transition, painted between the pictures of the old and the new slide.
+// Without a transition the slide is painted straight onto the window.
 class ProjectorWindow : public QWidget {
     Q_OBJECT
 public:
@@ -67,6 +72,9 @@ private:
     void tmrBackground_Timeout();
     void aniTransition_Finished();
     void StartTransition(const QImage& from);
+    QImage OutgoingPicture() const;
+    void PaintSlide();
+    void TellPainted();
     void PlaceLater();
     void RememberPlace() const;
     QScreen* ScreenAt(const QRect& rect) const;
@@ -75,7 +83,18 @@ private:
     ProjectorPlacement m_placement;
     QTimer* tmrBackground;
     QVariantAnimation* aniTransition;
-    QImage m_picture; // the current slide as painted; null when it must be drawn again
+    // What the window last showed whole, and how it was drawn: a transition
+    // starts from its picture, made only when a transition needs it.
+    struct Shown {
+        Slide slide;
+        RunLook look;
+        int sizeStep = 0;
+        bool blackedOut = false;
+        int backgroundIndex = 0;
+        QSize size;
+    };
+    std::optional<Shown> m_shown;
+    QImage m_picture; // the new slide, while a transition runs
     QImage m_from;    // the slide before, while a transition runs
     qint32 m_transitionType = 38;
     bool m_shownBlack = false;

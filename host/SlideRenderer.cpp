@@ -142,14 +142,19 @@ void SlideRenderer::Paint(QPainter& painter, const QRect& rect, const Slide& sli
     painter.restore();
 }
 
+void SlideRenderer::PaintOver(QPainter& painter, const QRect& rect, const Slide& slide,
+                              bool blnBlackedOut, int intBackgroundIndex) {
+    // Paint covers the whole rectangle with the background colour (or black)
+    // first; only a colour that lets something through needs black under it.
+    if (m_look.backColor.alpha() < 255)
+        painter.fillRect(rect, Qt::black);
+    Paint(painter, rect, slide, blnBlackedOut, intBackgroundIndex);
+}
+
 QImage SlideRenderer::Render(const Slide& slide, const QSize& size, bool blnBlackedOut,
                              int intBackgroundIndex) {
     QImage image(size, QImage::Format_RGB32);
-    // Paint covers the whole picture with the background colour (or black)
-    // first; only a colour that lets something through needs black under it.
-    if (m_look.backColor.alpha() < 255)
-        image.fill(Qt::black);
     QPainter painter(&image);
-    Paint(painter, image.rect(), slide, blnBlackedOut, intBackgroundIndex);
+    PaintOver(painter, image.rect(), slide, blnBlackedOut, intBackgroundIndex);
     return image;
 }

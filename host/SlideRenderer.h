@@ -31,6 +31,10 @@ public:
 
     void Paint(QPainter& painter, const QRect& rect, const Slide& slide, bool blnBlackedOut = false,
                int intBackgroundIndex = 0);
+    // Paint over whatever the painter's device held: a background colour that
+    // lets something through shows black beneath it, as on a fresh picture.
+    void PaintOver(QPainter& painter, const QRect& rect, const Slide& slide,
+                   bool blnBlackedOut = false, int intBackgroundIndex = 0);
     QImage Render(const Slide& slide, const QSize& size, bool blnBlackedOut = false,
                   int intBackgroundIndex = 0);
 

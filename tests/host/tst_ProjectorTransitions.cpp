@@ -1,7 +1,8 @@
 // The change from one slide to the next on the projector window: each
 // transition of the options drawn at its start, middle and end, a cut and
-// switched-off transitions changing at once, and a Forward during a running
-// transition finishing it and going on.
+// switched-off transitions changing at once, a Forward during a running
+// transition finishing it and going on, and a transition starting from the
+// slide as it was shown when the look or the size of the words changed since.
 #include "DataAccess.h"
 #include "ProjectorWindow.h"
 #include "RunEngine.h"
@@ -11,6 +12,7 @@
 #include "TestDatabase.h"
 
 #include <QPainter>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QVariantAnimation>
 #include <QtTest>
@@ -35,6 +37,10 @@ private slots:
     void forwardDuringATransitionFinishesItAndGoesOn();
     void pictureShownComesOnlyAfterTheTransitionHasEnded();
     void blackOutComesAtOnceEvenWithTransitions();
+    void transitionAfterAChangeOfLookStartsFromTheSlideAsItWasShown();
+    void transitionsSwitchedOnBetweenSlidesStartFromTheSlideShown();
+    void largerWordsComeInFromTheSlideWithTheSmallerOnes();
+    void pictureShownFindsTheNewSlideOnTheScreen();
 
 private:
     void SetTransition(qint32 lngType, qint32 lngSpeed, const QString& strUse = "True");
@@ -304,6 +310,69 @@ void tst_ProjectorTransitions::blackOutComesAtOnceEvenWithTransitions() {
     engine->SetBlackedOut(true);
     QVERIFY(!window->IsInTransition());
     QCOMPARE(MaxDifference(Frame(), Black(window->size())), 0);
+}
+
+void tst_ProjectorTransitions::transitionAfterAChangeOfLookStartsFromTheSlideAsItWasShown() {
+    SetTransition(DataAccess::transFade, DataAccess::speedSlow);
+    ShowWindow();
+    const QImage shown = Frame();
+    RunLook look = engine->Look();
+    look.backColor = QColor(20, 90, 40);
+    engine->SetLook(look); // as the run does when the options changed before a press
+    engine->Next();
+    QVERIFY(window->IsInTransition());
+    window->Transition()->pause();
+    window->Transition()->setCurrentTime(0);
+    QCOMPARE(MaxDifference(Frame(), shown), 0);
+    window->Transition()->setCurrentTime(window->Transition()->duration());
+    const QImage after = Frame();
+    QCOMPARE(MaxDifference(after, window->Picture()), 0);
+    QCOMPARE(after.pixelColor(0, 0), QColor(20, 90, 40));
+}
+
+void tst_ProjectorTransitions::transitionsSwitchedOnBetweenSlidesStartFromTheSlideShown() {
+    SetTransition(DataAccess::transWipe, DataAccess::speedSlow, QStringLiteral("False"));
+    ShowWindow();
+    const QImage shown = Frame();
+    SetTransition(DataAccess::transWipe, DataAccess::speedSlow);
+    engine->Next();
+    QVERIFY(window->IsInTransition());
+    window->Transition()->pause();
+    window->Transition()->setCurrentTime(0);
+    QCOMPARE(MaxDifference(Frame(), shown), 0);
+}
+
+void tst_ProjectorTransitions::largerWordsComeInFromTheSlideWithTheSmallerOnes() {
+    SetTransition(DataAccess::transFade, DataAccess::speedSlow);
+    ShowWindow();
+    const QImage smaller = Frame();
+    engine->IncreaseSize();
+    const QImage larger = window->Picture();
+    QVERIFY(MaxDifference(smaller, larger) > 100);
+    QVERIFY(window->IsInTransition());
+    window->Transition()->pause();
+    window->Transition()->setCurrentTime(0);
+    QCOMPARE(MaxDifference(Frame(), smaller), 0);
+    window->Transition()->setCurrentTime(window->Transition()->duration());
+    QCOMPARE(MaxDifference(Frame(), larger), 0);
+}
+
+void tst_ProjectorTransitions::pictureShownFindsTheNewSlideOnTheScreen() {
+    SetTransition(DataAccess::transFade, DataAccess::speedSlow, QStringLiteral("False"));
+    ShowWindow();
+    const QImage before = window->Picture();
+    QImage onScreen;
+    connect(window.get(), &ProjectorWindow::PictureShown, window.get(), [this, &onScreen] {
+        const QRect area = window->geometry();
+        onScreen = window->screen()
+                       ->grabWindow(0, area.x(), area.y(), area.width(), area.height())
+                       .toImage()
+                       .convertToFormat(QImage::Format_RGB32);
+    });
+    engine->Next();
+    QTRY_VERIFY(!onScreen.isNull());
+    QVERIFY(MaxDifference(window->Picture(), before) > 100);
+    QCOMPARE(MaxDifference(onScreen, window->Picture()), 0);
 }
 
 QTEST_MAIN(tst_ProjectorTransitions)
