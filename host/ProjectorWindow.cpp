@@ -13,6 +13,8 @@
 #include <QVariantAnimation>
 #include <QWindow>
 
+#include <utility>
+
 ProjectorWindow::ProjectorWindow(RunEngine& engine, QWidget* parent)
     : QWidget(parent, Qt::Window), m_engine(engine), tmrBackground(new QTimer(this)),
       aniTransition(new QVariantAnimation(this)) {
@@ -156,7 +158,7 @@ void ProjectorWindow::Engine_SlideChanged() {
 // The picture a transition starts from: the new slide of a transition still
 // running, else the slide last shown whole, drawn again as it was shown (the
 // look or the size of the words may have changed since).
-QImage ProjectorWindow::OutgoingPicture() const {
+QImage ProjectorWindow::OutgoingPicture() {
     if (IsInTransition())
         return m_picture.size() == size() ? m_picture : QImage();
     if (!m_shown || m_shown->size != size())
@@ -164,13 +166,18 @@ QImage ProjectorWindow::OutgoingPicture() const {
     SlideRenderer renderer = m_engine.Renderer(); // with the pictures it keeps scaled
     renderer.SetLook(m_shown->look);
     renderer.SetSizeStep(m_shown->sizeStep);
-    return renderer.Render(m_shown->slide, size(), m_shown->blackedOut, m_shown->backgroundIndex);
+    QImage picture = std::exchange(m_spares[1], QImage());
+    renderer.RenderInto(picture, m_shown->slide, size(), m_shown->blackedOut,
+                        m_shown->backgroundIndex);
+    return picture;
 }
 
 void ProjectorWindow::StartTransition(const QImage& from) {
     const RunLook& look = m_engine.Look();
     m_from = from;
-    m_picture = Picture();
+    m_picture = std::exchange(m_spares[0], QImage());
+    m_engine.Renderer().RenderInto(m_picture, m_engine.CurrentSlide(), size(),
+                                   m_engine.IsBlackedOut(), m_backgroundIndex);
     m_transitionType = look.transitionType;
     aniTransition->setDuration(qMax(1, look.transitionDuration));
     aniTransition->start();
@@ -179,7 +186,7 @@ void ProjectorWindow::StartTransition(const QImage& from) {
 void ProjectorWindow::FinishTransition() {
     if (m_from.isNull())
         return;
-    m_from = QImage();
+    KeepSpares();
     aniTransition->stop();
     update();
 }
@@ -187,8 +194,13 @@ void ProjectorWindow::FinishTransition() {
 // The last frame is the new slide whole; the console's mirror is told once
 // that has been painted.
 void ProjectorWindow::aniTransition_Finished() {
-    m_from = QImage();
+    KeepSpares();
     update();
+}
+
+void ProjectorWindow::KeepSpares() {
+    m_spares[0] = std::exchange(m_from, QImage());
+    m_spares[1] = std::exchange(m_picture, QImage());
 }
 
 void ProjectorWindow::tmrBackground_Timeout() {
@@ -215,7 +227,6 @@ void ProjectorWindow::paintEvent(QPaintEvent*) {
 // The slide is painted straight onto the window, without a picture of its own
 // copied there; what was painted is noted, for a transition to start from.
 void ProjectorWindow::PaintSlide() {
-    m_picture = QImage();
     QPainter painter(this);
     SlideRenderer& renderer = m_engine.Renderer();
     const Slide& slide = m_engine.CurrentSlide();

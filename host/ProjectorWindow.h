@@ -72,7 +72,8 @@ private:
     void tmrBackground_Timeout();
     void aniTransition_Finished();
     void StartTransition(const QImage& from);
-    QImage OutgoingPicture() const;
+    QImage OutgoingPicture();
+    void KeepSpares();
     void PaintSlide();
     void TellPainted();
     void PlaceLater();
@@ -96,6 +97,10 @@ private:
     std::optional<Shown> m_shown;
     QImage m_picture; // the new slide, while a transition runs
     QImage m_from;    // the slide before, while a transition runs
+    // The two pictures of the last transition, drawn over by the next one: a
+    // new picture of the whole window takes fresh memory from the system each
+    // time, which shows in the time to the first frame.
+    QImage m_spares[2];
     qint32 m_transitionType = 38;
     bool m_shownBlack = false;
     int m_backgroundIndex = 0;

@@ -153,8 +153,15 @@ void SlideRenderer::PaintOver(QPainter& painter, const QRect& rect, const Slide&
 
 QImage SlideRenderer::Render(const Slide& slide, const QSize& size, bool blnBlackedOut,
                              int intBackgroundIndex) {
-    QImage image(size, QImage::Format_RGB32);
+    QImage image;
+    RenderInto(image, slide, size, blnBlackedOut, intBackgroundIndex);
+    return image;
+}
+
+void SlideRenderer::RenderInto(QImage& image, const Slide& slide, const QSize& size,
+                               bool blnBlackedOut, int intBackgroundIndex) {
+    if (image.size() != size || image.format() != QImage::Format_RGB32)
+        image = QImage(size, QImage::Format_RGB32);
     QPainter painter(&image);
     PaintOver(painter, image.rect(), slide, blnBlackedOut, intBackgroundIndex);
-    return image;
 }

@@ -37,6 +37,10 @@ public:
                    bool blnBlackedOut = false, int intBackgroundIndex = 0);
     QImage Render(const Slide& slide, const QSize& size, bool blnBlackedOut = false,
                   int intBackgroundIndex = 0);
+    // Render into image, drawing over the picture it holds when that has the
+    // size already (no new memory for it), else into a new one.
+    void RenderInto(QImage& image, const Slide& slide, const QSize& size,
+                    bool blnBlackedOut = false, int intBackgroundIndex = 0);
 
     // One frame of the change from picture from to picture to (both of
     // rect's size): progress runs from 0 (only from shows) to 1 (only to

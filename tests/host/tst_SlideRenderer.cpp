@@ -92,6 +92,23 @@ private slots:
         QVERIFY(foreFound);
     }
 
+    void aSlideDrawnOverAnOlderPictureLooksAsIfDrawnAfresh() {
+        SlideRenderer renderer;
+        RunLook look;
+        look.backColor = QColor(10, 20, 30, 120); // lets the picture beneath through
+        renderer.SetLook(look);
+        const Slide verse = words({QStringLiteral("Amazing grace")});
+        const QImage fresh = renderer.Render(verse, QSize(400, 300));
+        QImage reused = renderer.Render(words({QStringLiteral("How sweet the sound")}),
+                                        QSize(400, 300), false, 0);
+        const uchar* memory = reused.constBits();
+        renderer.RenderInto(reused, verse, QSize(400, 300));
+        QCOMPARE(reused.constBits(), memory); // drawn over, no new picture
+        QCOMPARE(reused, fresh);
+        renderer.RenderInto(reused, verse, QSize(200, 150));
+        QCOMPARE(reused, renderer.Render(verse, QSize(200, 150)));
+    }
+
     void backgroundPictureFillsTheSlide() {
         QTemporaryDir dir;
         SlideRenderer renderer;
