@@ -1,5 +1,6 @@
 #pragma once
 
+#include "run/KeptItemRows.h"
 #include "run/MediaPlayer.h"
 
 #include <QList>
@@ -282,6 +283,8 @@ private:
     // Tested by SSTab1_Click, never set.
     bool m_blnGeneralTabLoaded = false;
     bool m_blnShown = false;
+    // The rows of the items shown, kept while the database does not change.
+    KeptItemRows m_itemRows;
     // The items whose music is being looked up, outermost first: a music link
     // that leads back to one of them is a loop.
     QList<qint32> m_lstMusicChain;
