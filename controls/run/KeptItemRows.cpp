@@ -35,12 +35,6 @@ QString KeptItemRows::TypeName(qint16 intTypeID, QString& strErrorMessage) {
     return strTypeName;
 }
 
-void KeptItemRows::Clear() {
-    m_rows.clear();
-    m_typeNames.clear();
-    m_strStamp.clear();
-}
-
 void KeptItemRows::DropWhenChanged() {
     const QString strStamp = DatabaseChangeStamp();
     if (strStamp == m_strStamp)

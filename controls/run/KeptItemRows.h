@@ -23,7 +23,6 @@ public:
     std::shared_ptr<const Recordset> Row(qint32 lngSIID, QString& strErrorMessage);
     // The name of item type intTypeID, as GetServiceItemTypeName gives it.
     QString TypeName(qint16 intTypeID, QString& strErrorMessage);
-    void Clear();
 
 private:
     void DropWhenChanged();
