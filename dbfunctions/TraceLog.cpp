@@ -75,28 +75,62 @@ void TraceLog::Append(const QString& text) {
     try {
         QMutexLocker lock(&m_mutex);
         const QString path = FilePath();
-        QDir().mkpath(QFileInfo(path).absolutePath());
-        int fd = OpenForAppend(path);
+        int fd = OpenFile(path);
         if (fd < 0)
             return;
         const qint64 size = RegularFileSize(fd);
         QByteArray bytes = text.toUtf8();
         bytes.append('\n');
         if (size >= m_maximumSize) {
-            ::close(fd);
+            Release(fd);
+            CloseKept();
             if (!Rotate(path)) {
                 NoteFull(path);
                 return;
             }
-            fd = OpenForAppend(path);
+            fd = OpenFile(path);
             if (fd < 0)
                 return;
         }
         m_fullNoted.clear();
         WriteAll(fd, bytes);
-        ::close(fd);
+        Release(fd);
     } catch (...) {
     }
+}
+
+int TraceLog::OpenFile(const QString& path) {
+    const QByteArray name = QFile::encodeName(path);
+    struct stat info;
+    const bool exists = ::stat(name.constData(), &info) == 0;
+    if (m_keptFd >= 0) {
+        if (exists && path == m_keptPath && quint64(info.st_dev) == m_keptDevice &&
+            quint64(info.st_ino) == m_keptInode)
+            return m_keptFd;
+        CloseKept();
+    }
+    if (!exists)
+        QDir().mkpath(QFileInfo(path).absolutePath());
+    const int fd = OpenForAppend(path);
+    if (fd < 0 || ::fstat(fd, &info) != 0 || !S_ISREG(info.st_mode))
+        return fd;
+    m_keptFd = fd;
+    m_keptPath = path;
+    m_keptDevice = quint64(info.st_dev);
+    m_keptInode = quint64(info.st_ino);
+    return fd;
+}
+
+void TraceLog::Release(int fd) {
+    if (fd >= 0 && fd != m_keptFd)
+        ::close(fd);
+}
+
+void TraceLog::CloseKept() {
+    if (m_keptFd >= 0)
+        ::close(m_keptFd);
+    m_keptFd = -1;
+    m_keptPath.clear();
 }
 
 // Says once, in the file itself, that a full file could not be rotated.

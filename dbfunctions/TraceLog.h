@@ -14,6 +14,11 @@
 // waiting, so a pipe that nobody reads loses the line instead of holding the program. Writing
 // never throws and never shows anything: a log that cannot be written loses the line, nothing
 // else.
+//
+// A regular file is kept open between lines, and each line goes to the system at once (one
+// write, no buffer of our own), so a crash loses nothing. Before each line the path is looked up
+// again: another path, or another file under the same path (removed, renamed, rotated by
+// someone else), is opened anew. Anything else (a pipe, a device) is opened for each line.
 class TraceLog {
 public:
     static TraceLog& Instance();
@@ -32,8 +37,18 @@ private:
     void Append(const QString& text);
     static bool Rotate(const QString& path);
     void NoteFull(const QString& path);
+    // The file under path, open for appending: the kept one while it is still the file under
+    // that path, else a new one, kept when it is a regular file. -1 when it cannot be opened.
+    int OpenFile(const QString& path);
+    // Closes a descriptor that OpenFile did not keep.
+    void Release(int fd);
+    void CloseKept();
 
     QMutex m_mutex;
     qint64 m_maximumSize = 5 * 1024 * 1024;
     QString m_fullNoted; // the full file whose refusal has been noted
+    int m_keptFd = -1;   // the regular file kept open between lines, or -1
+    QString m_keptPath;  // the path it was opened under
+    quint64 m_keptDevice = 0;
+    quint64 m_keptInode = 0;
 };

@@ -19,9 +19,20 @@ TraceLine& TraceLine::Arg(const QString& strName, const QVariant& varValue) {
     return *this;
 }
 
+// The text changes once a second, and making it (the local time, the date and time in the
+// platform's forms) costs more than the rest of a line: it is made again only when the second
+// has changed.
 QString TraceLine::Stamp() {
-    const QDateTime now = QDateTime::currentDateTime();
-    return VB::ShortDate(now.date()) + QStringLiteral(", ") + VB::LongTime(now.time());
+    thread_local qint64 keptSecond = -1;
+    thread_local QString kept;
+    const qint64 msecs = QDateTime::currentMSecsSinceEpoch();
+    const qint64 second = msecs / 1000;
+    if (second != keptSecond || kept.isEmpty()) {
+        const QDateTime now = QDateTime::fromMSecsSinceEpoch(msecs);
+        kept = VB::ShortDate(now.date()) + QStringLiteral(", ") + VB::LongTime(now.time());
+        keptSecond = second;
+    }
+    return kept;
 }
 
 QString TraceLine::Text() const {

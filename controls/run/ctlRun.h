@@ -1,5 +1,6 @@
 #pragma once
 
+#include "run/KeptItemRows.h"
 #include "run/MediaPlayer.h"
 
 #include <QList>
@@ -9,6 +10,7 @@
 #include <QVariant>
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 
 class QCheckBox;
@@ -246,6 +248,9 @@ private:
 
     // Operator (ctlRun_Operator.cpp).
     void UserControl_Show();
+    // Raises the event of Forward or Back with the button disabled, pumps
+    // messages, then refreshes the mirror: one grab per press.
+    void NavigationPress(QPushButton* cmd, const std::function<void()>& raise);
     void UserControl_KeyUp(qint16 KeyCode, qint16 Shift);
 
     // Song sequence (ctlRun_SongSequence.cpp).
@@ -267,6 +272,8 @@ private:
 
     // Mirror, monitors and the projector window (ctlRun_Mirror.cpp).
     void FindProjectorRect();
+    // imgMirror takes a new grab.
+    void GrabMirror();
     // The host's projector window: the first top-level window whose title
     // starts with "CorvantisRunForm" and whose class name, as
     // metaObject()->className() gives it, is "ProjectorWindow" (the host's
@@ -282,6 +289,12 @@ private:
     // Tested by SSTab1_Click, never set.
     bool m_blnGeneralTabLoaded = false;
     bool m_blnShown = false;
+    // Events of Forward and Back presses running now (nested when the host
+    // pumps messages), and whether a mirror refresh was asked for meanwhile.
+    qint32 m_intPressEvents = 0;
+    bool m_blnMirrorAskedInPress = false;
+    // The rows of the items shown, kept while the database does not change.
+    KeptItemRows m_itemRows;
     // The items whose music is being looked up, outermost first: a music link
     // that leads back to one of them is a loop.
     QList<qint32> m_lstMusicChain;

@@ -118,9 +118,14 @@ bool ctlRun::HasRows(Recordset* rs) {
     return true;
 }
 
+// Only the nodes that are bold are changed: setting a node's font makes a new
+// font and compares it with the old, for every node at every change of item.
 void ctlRun::ClearBoldNodes() {
-    for (qint32 i = 1; i <= tvwRun->Count(); ++i)
-        tvwRun->Nodes(i).setBold(false);
+    for (qint32 i = 1; i <= tvwRun->Count(); ++i) {
+        VBNode node = tvwRun->Nodes(i);
+        if (node.Bold())
+            node.setBold(false);
+    }
 }
 
 // Write of RunningServiceServiceItem: the item at that index becomes current,

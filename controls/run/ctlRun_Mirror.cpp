@@ -18,9 +18,19 @@ const QString ProjectorWindowClass = QStringLiteral("ProjectorWindow");
 } // namespace
 
 // No handler. The member's name in the trace line carries a stray apostrophe,
-// as it always has.
+// as it always has. While the event of a Forward or Back press runs, the grab
+// is left to the press, which grabs once the event has returned.
 void ctlRun::RefreshScreenMirror() {
     RunMember("'RefreshScreenMirror").Enter();
+    if (m_intPressEvents > 0) {
+        m_blnMirrorAskedInPress = true;
+        return;
+    }
+    GrabMirror();
+}
+
+void ctlRun::GrabMirror() {
+    m_blnMirrorAskedInPress = false;
     imgMirror->setPixmap(GetOLEScreenSnapshot());
 }
 

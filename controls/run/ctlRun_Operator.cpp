@@ -43,18 +43,33 @@ bool PressedIn(SSRibbon* cmd, bool Value) {
 
 void ctlRun::cmdForward_Click() {
     RunMember("cmdForward_Click").Enter().Guarded([&] {
-        WhileDisabled(cmdForward, [&] { emit ShowNextClicked(); });
-        Platform::Current().DoEvents();
-        RefreshScreenMirror();
+        NavigationPress(cmdForward, [&] { emit ShowNextClicked(); });
     });
 }
 
 void ctlRun::cmdBack_Click() {
     RunMember("cmdBack_Click").Enter().Guarded([&] {
-        WhileDisabled(cmdBack, [&] { emit ShowPreviousClicked(); });
-        Platform::Current().DoEvents();
-        RefreshScreenMirror();
+        NavigationPress(cmdBack, [&] { emit ShowPreviousClicked(); });
     });
+}
+
+// The host's answer to Forward or Back may ask for the mirror (AtEndOfSI) before the projector
+// has painted what it now shows; the press grabs the mirror itself once the event has returned
+// and messages have been pumped. A refresh asked for during the event is left to that grab, so
+// that a press costs one grab of the projector, not two. Should the event fail, a refresh that
+// was asked for is made before the failure goes on.
+void ctlRun::NavigationPress(QPushButton* cmd, const std::function<void()>& raise) {
+    ++m_intPressEvents;
+    try {
+        WhileDisabled(cmd, raise);
+    } catch (...) {
+        if (--m_intPressEvents == 0 && m_blnMirrorAskedInPress)
+            GrabMirror();
+        throw;
+    }
+    --m_intPressEvents;
+    Platform::Current().DoEvents();
+    RefreshScreenMirror();
 }
 
 void ctlRun::cmdEnd_Click() {

@@ -80,7 +80,7 @@ void ctlRun::ShowSIAsRunning(qint32 lngSIID, bool blnIsPartOfActiveService) {
     }
 
     QString strErrorMessage;
-    std::unique_ptr<Recordset> rs = ServiceItemRow(lngSIID, strErrorMessage);
+    std::shared_ptr<const Recordset> rs = m_itemRows.Row(lngSIID, strErrorMessage);
     if (!rs)
         throw VBError(VBErr::ObjectNotSet);
     if (rs->RecordCount() == 0) {
@@ -115,15 +115,13 @@ void ctlRun::ShowSILabels(const Recordset& rs, qint32 lngSIID, qint16 intType, b
         (blnIsPropRun ? lblPropDescription : lblSIDescription)->clear();
         return;
     }
-    DataAccess& da = DataAccess::Instance();
     QString strErrorMessage;
-    QString strTypeName;
-    da.GetServiceItemTypeName(intType, strErrorMessage, strTypeName);
-    lblSIType->setText(strTypeName);
+    lblSIType->setText(m_itemRows.TypeName(intType, strErrorMessage));
     const QVariant varDescription = rs.Fields(QStringLiteral("ServiceItemDescription"));
     if (varDescription.isNull())
         return;
-    da.DecodeStoredText(VB::Text(varDescription), strErrorMessage, strDescription);
+    DataAccess::Instance().DecodeStoredText(VB::Text(varDescription), strErrorMessage,
+                                            strDescription);
     (blnIsPropRun ? lblPropDescription : lblSIDescription)->setText(strDescription);
 }
 

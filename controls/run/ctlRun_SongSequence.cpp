@@ -34,7 +34,7 @@ void ctlRun::SetupSong(qint32 lngSIID, bool blnIsPartOfActiveService) {
         .Enter()
         .ErrorBox([&] {
             QString strErrorMessage;
-            const std::unique_ptr<Recordset> rs = ServiceItemRow(lngSIID, strErrorMessage);
+            const std::shared_ptr<const Recordset> rs = m_itemRows.Row(lngSIID, strErrorMessage);
             if (!strErrorMessage.isEmpty()) {
                 TraceLog::Instance().WriteErrorLine(QStringLiteral("ctlRun:SetupSong: ") +
                                                     strErrorMessage);

@@ -52,6 +52,48 @@ private slots:
         QCOMPARE(ReadFile(m_dir.path() + "/Test.trace"), QString("one\nERROR: two\nthree\n"));
     }
 
+    void fileRemovedBetweenLinesIsMadeAgain() {
+        const QString path = m_dir.path() + "/Test.trace";
+        TraceLog::Instance().WriteTraceLine("before");
+        QVERIFY(QFile::remove(path));
+        TraceLog::Instance().WriteTraceLine("after");
+        QCOMPARE(ReadFile(path), QString("after\n"));
+    }
+
+    void fileReplacedUnderTheSameNameGetsTheNextLine() {
+        const QString path = m_dir.path() + "/Test.trace";
+        TraceLog::Instance().WriteTraceLine("first");
+        QVERIFY(QFile::rename(path, path + ".old"));
+        QFile replacement(path);
+        QVERIFY(replacement.open(QIODevice::WriteOnly));
+        replacement.write("new file\n");
+        replacement.close();
+        TraceLog::Instance().WriteTraceLine("second");
+        QCOMPARE(ReadFile(path), QString("new file\nsecond\n"));
+        QCOMPARE(ReadFile(path + ".old"), QString("first\n"));
+    }
+
+    void emptiedFileTakesTheNextLineAtItsStart() {
+        const QString path = m_dir.path() + "/Test.trace";
+        TraceLog::Instance().WriteTraceLine("a long line that is emptied away");
+        QVERIFY(QFile(path).resize(0));
+        TraceLog::Instance().WriteTraceLine("next");
+        QCOMPARE(ReadFile(path), QString("next\n"));
+    }
+
+    void anotherPathTakesTheLinesFromTheNextOn() {
+        const QString first = m_dir.path() + "/Test.trace";
+        const QString second = m_dir.path() + "/Other.trace";
+        QFile::remove(second);
+        TraceLog::Instance().WriteTraceLine("to the first");
+        qputenv("CORVANTIS_TRACE", second.toUtf8());
+        TraceLog::Instance().WriteTraceLine("to the second");
+        qputenv("CORVANTIS_TRACE", first.toUtf8());
+        TraceLog::Instance().WriteTraceLine("to the first again");
+        QCOMPARE(ReadFile(first), QString("to the first\nto the first again\n"));
+        QCOMPARE(ReadFile(second), QString("to the second\n"));
+    }
+
     void fullFileIsRotatedOnceAndANewOneStarted() {
         TraceLog::Instance().SetMaximumSize(100);
         for (int i = 0; i < 30; ++i)

@@ -34,6 +34,7 @@ private slots:
     void lineWithoutArgumentsEndsWithTheTime();
     void traceLineOfMemberWithTwoArgumentsEndsInCommaBlank();
     void dateIsShortDateAndTimeHasSeconds();
+    void stampFollowsTheClockFromSecondToSecond();
     void argumentsTakeTheirDefaultText();
     void prefixSpeltOtherwiseIsKept();
     void writeHandsTheLineToTheTraceLog();
@@ -72,6 +73,21 @@ void tst_TraceLine::dateIsShortDateAndTimeHasSeconds() {
     QVERIFY(qAbs(time.secsTo(QTime::currentTime())) < 5 ||
             qAbs(time.secsTo(QTime::currentTime())) > 86000);
     QCOMPARE(TraceLine::Stamp().count(QLatin1Char(',')), 1);
+}
+
+// The stamp moves on with the clock: once its second has passed, the next
+// stamp is a later time, in the same form.
+void tst_TraceLine::stampFollowsTheClockFromSecondToSecond() {
+    const QString first = TraceLine::Stamp();
+    QTRY_VERIFY_WITH_TIMEOUT(TraceLine::Stamp() != first, 5000);
+    const QString next = TraceLine::Stamp();
+    const QRegularExpression form(QStringLiteral("^") + stamp + QStringLiteral("$"));
+    const QRegularExpressionMatch before = form.match(first);
+    const QRegularExpressionMatch after = form.match(next);
+    QVERIFY(before.hasMatch() && after.hasMatch());
+    const QTime from = QTime::fromString(before.captured(QStringLiteral("time")), "HH:mm:ss");
+    const QTime to = QTime::fromString(after.captured(QStringLiteral("time")), "HH:mm:ss");
+    QVERIFY2(from.secsTo(to) > 0 || from.secsTo(to) < -86000, qPrintable(first + " / " + next));
 }
 
 void tst_TraceLine::argumentsTakeTheirDefaultText() {

@@ -10,6 +10,8 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QSqlDatabase>
+#include <QSqlQuery>
 #include <QtTest>
 
 class tst_ctlRun_Load : public QObject, protected RunConsoleFixture<> {
@@ -69,6 +71,12 @@ private slots:
     void singleItemWithNullDescriptionCaptionEndsAfterTheColon();
     void serviceRunPutsTheExtrasBesideTheTree();
     void showSIAsRunningTracesItsArguments();
+
+    // An item shown again after a change.
+    void itemChangedAfterItWasShownShowsItsNewLabelsWhenShownAgain();
+    void itemChangedThroughAnotherConnectionShowsWhenShownAgain();
+    void typeRenamedAfterItWasShownShowsItsNewName();
+    void itemDeletedAfterItWasShownIsUnknownWhenShownAgain();
 
 private:
     qint32 AddAmazingGrace();
@@ -760,6 +768,76 @@ void tst_ctlRun_Load::showSIAsRunningTracesItsArguments() {
              QStringList({RunLine(
                  QStringLiteral("ShowSIAsRunning"),
                  QStringLiteral("lngSIID = %1, blnIsPartOfActiveService = False, ").arg(prayer))}));
+}
+
+// ---------------------------------------------------------------- shown again after a change
+
+void tst_ctlRun_Load::itemChangedAfterItWasShownShowsItsNewLabelsWhenShownAgain() {
+    const qint32 prayer = AddPrayer();
+    console->setRunningService(db->AddService(QStringLiteral("Morning"), {{prayer}}));
+    QCOMPARE(console->lblSIDescription->text(), QStringLiteral("Prayer of St Francis"));
+    QVERIFY(db->Exec(QStringLiteral("UPDATE ServiceItems SET ServiceItemDescription = ?, "
+                                    "ServiceItemTypeID = ? WHERE ServiceItemID = ?"),
+                     {QStringLiteral("Prayer of Columba"), TestDatabase::Reading, prayer}));
+
+    console->ShowServiceSIAsRunning(1, 0, 0);
+
+    QCOMPARE(console->lblSIType->text(), QStringLiteral("Reading"));
+    QCOMPARE(console->lblSIDescription->text(), QStringLiteral("Prayer of Columba"));
+}
+
+void tst_ctlRun_Load::itemChangedThroughAnotherConnectionShowsWhenShownAgain() {
+    const qint32 prayer = AddPrayer();
+    console->setRunningService(db->AddService(QStringLiteral("Morning"), {{prayer}}));
+    QCOMPARE(console->lblSIDescription->text(), QStringLiteral("Prayer of St Francis"));
+    {
+        QSqlDatabase other =
+            QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("another program"));
+        other.setDatabaseName(db->Path());
+        QVERIFY(other.open());
+        QSqlQuery update(other);
+        QVERIFY(update.prepare(QStringLiteral(
+            "UPDATE ServiceItems SET ServiceItemDescription = ? WHERE ServiceItemID = ?")));
+        update.addBindValue(QStringLiteral("Prayer of Columba"));
+        update.addBindValue(prayer);
+        QVERIFY(update.exec());
+        update.finish();
+        other.close();
+    }
+    QSqlDatabase::removeDatabase(QStringLiteral("another program"));
+
+    console->ShowServiceSIAsRunning(1, 0, 0);
+
+    QCOMPARE(console->lblSIDescription->text(), QStringLiteral("Prayer of Columba"));
+}
+
+void tst_ctlRun_Load::typeRenamedAfterItWasShownShowsItsNewName() {
+    const qint32 prayer = AddPrayer();
+    console->setRunningService(db->AddService(QStringLiteral("Morning"), {{prayer}}));
+    QCOMPARE(console->lblSIType->text(), QStringLiteral("Prayer"));
+    QVERIFY(db->Exec(QStringLiteral("UPDATE ServiceItemTypes SET ServiceItemTypeName = ? "
+                                    "WHERE ServiceItemTypeID = ?"),
+                     {QStringLiteral("Intercession"), TestDatabase::Prayer}));
+
+    console->ShowServiceSIAsRunning(1, 0, 0);
+
+    QCOMPARE(console->lblSIType->text(), QStringLiteral("Intercession"));
+}
+
+// Labels and captions stay, the lists go, as for an id that never existed.
+void tst_ctlRun_Load::itemDeletedAfterItWasShownIsUnknownWhenShownAgain() {
+    const qint32 song = AddAmazingGrace();
+    console->setRunningService(db->AddService(QStringLiteral("Morning"), {{song}}));
+    console->AtEndOfSI();
+    QVERIFY(!console->lvwSIContent->isHidden());
+    QVERIFY(db->Exec(QStringLiteral("DELETE FROM ServiceItems WHERE ServiceItemID = ?"), {song}));
+
+    console->ShowServiceSIAsRunning(1, 0, 0);
+
+    QCOMPARE(console->lblSIDescription->text(), QStringLiteral("Amazing Grace"));
+    QVERIFY(console->lvwSIContent->isHidden());
+    QCOMPARE(console->cmdForward->toolTip(), QStringLiteral("&Finish this Service Item"));
+    QCOMPARE(platform->BoxCount(), 0);
 }
 
 QTEST_MAIN(tst_ctlRun_Load)

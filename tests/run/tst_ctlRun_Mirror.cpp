@@ -6,6 +6,7 @@
 #include "RunTestHost.h"
 
 #include "foundations/SSRibbon.h"
+#include "foundations/VBError.h"
 #include "galleries/ctlServiceItemGallery.h"
 
 #include <QApplication>
@@ -89,6 +90,9 @@ private slots:
     void othersLeaveTheMirrorAlone_data();
     void othersLeaveTheMirrorAlone();
     void navigationRefreshesAfterTheEventWithTheButtonEnabledAgain();
+    void pressThatEndsTheItemGrabsOnceAfterItsEvent_data();
+    void pressThatEndsTheItemGrabsOnceAfterItsEvent();
+    void pressWhoseEventFailsStillTakesTheGrabItAskedFor();
     void endRefreshesAfterTheEvent();
     void refreshGrabsBeforeFocusMovesToForward();
     void magnifyGrabsAfterFocusMovesWithoutPumping();
@@ -374,6 +378,65 @@ void tst_ctlRun_Mirror::navigationRefreshesAfterTheEventWithTheButtonEnabledAgai
     QCOMPARE(grabsAtEvent, 0);
     QVERIFY(blnEnabledAtGrab);
     QCOMPARE(platform->Grabs().size(), 1);
+}
+
+void tst_ctlRun_Mirror::pressThatEndsTheItemGrabsOnceAfterItsEvent_data() {
+    QTest::addColumn<bool>("forward");
+    QTest::newRow("Forward") << true;
+    QTest::newRow("Back") << false;
+}
+
+// The host answers the press with AtEndOfSI before the projector shows the
+// new picture: the mirror is grabbed once, after the event, and shows the new
+// picture. AtEndOfSI still enters the refresh and writes its line.
+void tst_ctlRun_Mirror::pressThatEndsTheItemGrabsOnceAfterItsEvent() {
+    QFETCH(bool, forward);
+    MakeConsole({MonitorA, MonitorB}, {Qt::blue, Qt::red});
+    QVERIFY(LoadMorning());
+    bool blnEventOver = false;
+    const auto answer = [&] {
+        console->AtEndOfSI();
+        platform->SetDesktop(Desktop({MonitorA, MonitorB}, {Qt::blue, Qt::green}));
+        blnEventOver = true;
+    };
+    if (forward)
+        connect(console.get(), &ctlRun::ShowNextClicked, this, answer);
+    else
+        connect(console.get(), &ctlRun::ShowPreviousClicked, this, answer);
+    QList<bool> eventOverAtGrab;
+    platform->AtGrab = [&] { eventOverAtGrab << blnEventOver; };
+    platform->ClearRecords();
+    TraceTail trace;
+
+    (forward ? console->cmdForward : console->cmdBack)->click();
+
+    QCOMPARE(eventOverAtGrab, QList<bool>({true}));
+    QCOMPARE(platform->Grabs(), QList<QRect>({GrabOfB}));
+    QCOMPARE(MirrorPixel(*console, 10, 10), QColor(Qt::green));
+    QCOMPARE(console->cmdForward->toolTip(), QStringLiteral("&Finish this Service Item"));
+    QCOMPARE(trace.ConsoleLines()
+                 .filter(QRegularExpression("^QVLTCONTROLS:ctlRun:'RefreshScreenMirror @ "))
+                 .size(),
+             2);
+}
+
+// The grab that AtEndOfSI asked for is made even though the press ends in a
+// failure before its own.
+void tst_ctlRun_Mirror::pressWhoseEventFailsStillTakesTheGrabItAskedFor() {
+    MakeConsole({MonitorA, MonitorB}, {Qt::blue, Qt::red});
+    QVERIFY(LoadMorning());
+    connect(console.get(), &ctlRun::ShowNextClicked, this, [&] {
+        console->AtEndOfSI();
+        throw VBError(VBErr::TypeMismatch);
+    });
+    platform->ClearRecords();
+    platform->QueueAnswer(vbOK);
+
+    console->cmdForward->click();
+
+    QCOMPARE(platform->BoxCount(), 1);
+    QCOMPARE(platform->Grabs(), QList<QRect>({GrabOfB}));
+    QVERIFY(console->cmdForward->isEnabled());
 }
 
 void tst_ctlRun_Mirror::endRefreshesAfterTheEvent() {
