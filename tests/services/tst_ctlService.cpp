@@ -667,6 +667,8 @@ void tst_ctlService::aContentTabMadeOnScreenShowsItsRowsBeforeItsGallery() {
     QVERIFY(!ctl.ItemGalleryLoaded());
     QTRY_VERIFY(ctl.ItemGalleryLoaded());
     QVERIFY(GalleryShows(ctl.ctlServiceItemGallery1, m_lib.notices));
+    // The tab's layout gives the grid its room as on a tab made at once.
+    QTRY_VERIFY(ctl.fgItemsInService->width() > ctl.SSTab1->width() / 4);
 }
 
 QTEST_MAIN(tst_ctlService)
