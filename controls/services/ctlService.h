@@ -29,10 +29,10 @@ class ctlServiceItemGallery;
 // Details" (name, type, theme, notes, resources), "Content" (the ordered rows
 // of the service in fgItemsInService, fed from an item gallery) and "Prop
 // Bag" (items kept at hand during a run). Each tab is filled the first time
-// it is looked at; the content and prop bag tabs are also made then. Changes raise a dirty
-// flag per tab (the editor cycle's tabs 0, 1 and 2); cmdApplyChanges, or the
-// question asked when the user leaves, stores them in one transaction: the
-// whole service is stored, or nothing of it.
+// it is looked at; the content and prop bag tabs are also made then. Changes
+// raise a dirty flag per tab (the editor cycle's tabs 0, 1 and 2);
+// cmdApplyChanges, or the question asked when the user leaves, stores them in
+// one transaction: the whole service is stored, or nothing of it.
 //
 // The grid keeps everything a save needs in its own cells (see
 // ctlService_Grid.cpp for its columns); row 0 is the header and an empty
