@@ -407,7 +407,7 @@ void ctlService::ShowProperties(::ViewMode Mode) {
         // enters it again.
         switch (SSTab1->currentIndex()) {
         case 0:
-            LoadGeneralTab();
+            LoadGeneralTab(rs.get());
             break;
         case 1:
             LoadContent();

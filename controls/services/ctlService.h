@@ -22,6 +22,7 @@ class QTextEdit;
 class QTreeWidget;
 class QTreeWidgetItem;
 class QVTimeSelector;
+class Recordset;
 class VBImageList;
 class ctlServiceItemGallery;
 
@@ -191,8 +192,9 @@ private:
     void UserControl_Resize();
 
     // General
-    void LoadGeneralTab();
-    void FillGeneralTab();
+    // rsShown: the service's row when the caller has just read it, so that it is not read again.
+    void LoadGeneralTab(const Recordset* rsShown = nullptr);
+    void FillGeneralTab(const Recordset* rsShown);
     qint16 DoChecks(QString& strErrorMessage);
     // Prop bag
     void LoadPropBagTab();

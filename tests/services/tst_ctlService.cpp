@@ -34,6 +34,7 @@ private slots:
     void aContentTabMadeOnScreenShowsItsRowsBeforeItsGallery();
     void aServiceStoredWithoutOpeningThePropBagKeepsItsProps();
     void showPropertiesFillsTheGeneralTabClean();
+    void aServiceShownAgainShowsWhatWasChangedElsewhereMeanwhile();
     void itemsThatAreNoNumberAreRefusedWithoutLoading();
     void aServiceThatNoLongerExistsSaysSo();
     void aServiceWithoutNameIsCaptionedByItsDecodedThemeAndDate();
@@ -115,6 +116,22 @@ void tst_ctlService::showPropertiesFillsTheGeneralTabClean() {
     QVERIFY(!ctl.cmdApplyChanges->isEnabled());
     QCOMPARE(ctl.CanUnload(), true);
     QCOMPARE(m_platform->BoxCount(), 0); // nothing to save: no question
+}
+
+void tst_ctlService::aServiceShownAgainShowsWhatWasChangedElsewhereMeanwhile() {
+    ctlService ctl;
+    Show(ctl, m_lib.service);
+    QCOMPARE(ctl.txtNotes->toPlainText(), QString());
+    QVERIFY(
+        m_db->Exec("UPDATE Services SET ServiceName = 'Evensong', ServiceNotes = 'Choir at six' "
+                   "WHERE ServiceID = ?",
+                   {m_lib.service}));
+    ctl.setDescription(QString());
+    Show(ctl, m_lib.service);
+    QCOMPARE(m_platform->BoxCount(), 0);
+    QCOMPARE(ctl.lblMainCaption->text(), QString("Evensong"));
+    QCOMPARE(ctl.txtServiceName->text(), QString("Evensong"));
+    QCOMPARE(ctl.txtNotes->toPlainText(), QString("Choir at six"));
 }
 
 void tst_ctlService::itemsThatAreNoNumberAreRefusedWithoutLoading() {
