@@ -1,6 +1,7 @@
 #include "HostApp.h"
 
 #include "CommandLine.h"
+#include "HostStyle.h"
 #include "MainWindow.h"
 #include "Screenshot.h"
 #include "StartUp.h"
@@ -22,6 +23,7 @@ int CorvantisMain(int argc, char* argv[]) {
     if (line.IsScreenshot() && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         Screenshot::SelectTwoScreens(screens);
     GuardedApplication app(argc, argv);
+    QApplication::setStyle(new HostStyle);
     QApplication::setApplicationName(QStringLiteral("Corvantis"));
     QApplication::setApplicationVersion(QStringLiteral(CORVANTIS_VERSION));
     QTextStream err(stderr);

@@ -109,6 +109,20 @@ void Folder(QPainter& p) {
         QPolygonF({{1.5, 3.5}, {6.5, 3.5}, {7.5, 5.5}, {14.5, 5.5}, {14.5, 13.5}, {1.5, 13.5}}));
 }
 
+// Two chevrons pointing on along the bar: the button that shows the buttons a bar had no room
+// for. Pointing right for a horizontal bar, down for a vertical one.
+void Chevrons(QPainter& p, bool across) {
+    p.setPen(QPen(Outline, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    p.setBrush(Qt::NoBrush);
+    for (const qreal x : {4.0, 9.0}) {
+        QPolygonF chevron({{x, 4}, {x + 3.5, 8}, {x, 12}});
+        if (!across)
+            for (QPointF& point : chevron)
+                point = QPointF(point.y(), point.x());
+        p.drawPolyline(chevron);
+    }
+}
+
 // Draws the picture of that kind; false for a kind without a drawing.
 bool Draw(QPainter& p, QStyle::StandardPixmap picture) {
     switch (picture) {
@@ -147,6 +161,12 @@ bool Draw(QPainter& p, QStyle::StandardPixmap picture) {
         return true;
     case QStyle::SP_DialogOpenButton:
         Folder(p);
+        return true;
+    case QStyle::SP_ToolBarHorizontalExtensionButton:
+        Chevrons(p, true);
+        return true;
+    case QStyle::SP_ToolBarVerticalExtensionButton:
+        Chevrons(p, false);
         return true;
     default:
         return false;

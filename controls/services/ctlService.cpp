@@ -121,10 +121,11 @@ void ctlService::CreateWidgets() {
 
     SSTab1 = Named(new QTabWidget(surface), "SSTab1");
     SSTab1->addTab(CreateGeneralTab(), QStringLiteral("General Details"));
-    SSTab1->addTab(CreateContentTab(), QStringLiteral("Content"));
-    // The prop bag's gallery and list are made when the tab is first shown:
-    // most visits to a service never open it, and a gallery is the costliest
-    // part of the editor to make.
+    // The Content and Prop Bag tabs are filled with their galleries, grid and
+    // lists when first shown or first needed: the editor opens on its General
+    // Details, many visits to a service never look further, and a gallery is
+    // the costliest part of the editor to make.
+    SSTab1->addTab(new QWidget, QStringLiteral("Content"));
     SSTab1->addTab(new QWidget, QStringLiteral("Prop Bag"));
     layout->addWidget(SSTab1, 1);
     SSScroll1->setWidget(surface);
@@ -172,11 +173,40 @@ QWidget* ctlService::CreateGeneralTab() {
     return page;
 }
 
+void ctlService::EnsureTypeImages() {
+    if (imgSITypes)
+        return;
+    imgSITypes = new VBImageList(QStringLiteral("imgSITypes"), this);
+    StandardIcons::FillServiceItemImages(*imgSITypes);
+}
+
 void ctlService::EnsurePropBagTab() {
     if (ctlSIPropBag)
         return;
+    EnsureTypeImages();
     CreatePropBagTab(SSTab1->widget(2));
+    ShowMadeChildren(SSTab1->widget(2));
     ConnectPropBag();
+}
+
+void ctlService::EnsureContentTab() {
+    if (fgItemsInService)
+        return;
+    EnsureTypeImages();
+    CreateContentTab(SSTab1->widget(1));
+    ShowMadeChildren(SSTab1->widget(1));
+    ConnectContent();
+}
+
+// Children made on a page that is already on screen stay hidden until they
+// are shown; the layout would show them only from the event loop, after the
+// code that fills the tab has asked whether the grid is on screen.
+void ctlService::ShowMadeChildren(QWidget* page) {
+    if (!page->isVisible())
+        return;
+    for (QWidget* child : page->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+        if (!child->testAttribute(Qt::WA_WState_ExplicitShowHide))
+            child->show();
 }
 
 void ctlService::CreatePropBagTab(QWidget* page) {
@@ -207,8 +237,7 @@ void ctlService::CreatePropBagTab(QWidget* page) {
     layout->addLayout(right);
 }
 
-QWidget* ctlService::CreateContentTab() {
-    auto* page = new QWidget;
+void ctlService::CreateContentTab(QWidget* page) {
     auto* layout = new QHBoxLayout(page);
     ctlServiceItemGallery1 = Named(new ctlServiceItemGallery(page), "ctlServiceItemGallery1");
     layout->addWidget(ctlServiceItemGallery1, 1);
@@ -236,8 +265,6 @@ QWidget* ctlService::CreateContentTab() {
     fgItemsInService->setAcceptDrops(true);
     fgItemsInService->viewport()->setAcceptDrops(true);
     fgItemsInService->viewport()->installEventFilter(this);
-    imgSITypes = new VBImageList(QStringLiteral("imgSITypes"), this);
-    StandardIcons::FillServiceItemImages(*imgSITypes);
     cmdMoveServiceSIUp = Button(QStringLiteral("Up"), "cmdMoveServiceSIUp", fraServiceContents,
                                 QStringLiteral("Move the service item up"));
     cmdMoveServiceSIDown = Button(QStringLiteral("Down"), "cmdMoveServiceSIDown",
@@ -263,13 +290,14 @@ QWidget* ctlService::CreateContentTab() {
     cboYesNo->hide();
     QVTimeSelector1 = Named(new QVTimeSelector(fgItemsInService), "QVTimeSelector1");
     QVTimeSelector1->hide();
-    return page;
 }
 
 void ctlService::ConnectWidgets() {
-    // The prop bag tab is made before its click loads it.
+    // A tab is made before its click loads it.
     connect(SSTab1, &QTabWidget::currentChanged, this, [this](int intIndex) {
-        if (intIndex == 2)
+        if (intIndex == 1)
+            EnsureContentTab();
+        else if (intIndex == 2)
             EnsurePropBagTab();
     });
     connect(SSTab1, &QTabWidget::currentChanged, this, &ctlService::SSTab1_Click);
@@ -277,7 +305,9 @@ void ctlService::ConnectWidgets() {
     connect(lmgResources, &ListManager::ItemAdded, this, &ctlService::lmgResources_ItemChanged);
     connect(lmgResources, &ListManager::ItemDeleted, this, &ctlService::lmgResources_ItemChanged);
     connect(lmgResources, &ListManager::ItemUpdated, this, &ctlService::lmgResources_ItemChanged);
-    // Contents
+}
+
+void ctlService::ConnectContent() {
     connect(cmdAddBlank, &QPushButton::clicked, this, &ctlService::cmdAddBlank_Click);
     connect(cmdMoveOneSIToService, &QPushButton::clicked, this,
             &ctlService::cmdMoveOneSIToService_Click);
@@ -377,7 +407,7 @@ void ctlService::ShowProperties(::ViewMode Mode) {
         // enters it again.
         switch (SSTab1->currentIndex()) {
         case 0:
-            LoadGeneralTab();
+            LoadGeneralTab(rs.get());
             break;
         case 1:
             LoadContent();

@@ -22,6 +22,7 @@ class QTextEdit;
 class QTreeWidget;
 class QTreeWidgetItem;
 class QVTimeSelector;
+class Recordset;
 class VBImageList;
 class ctlServiceItemGallery;
 
@@ -29,10 +30,10 @@ class ctlServiceItemGallery;
 // Details" (name, type, theme, notes, resources), "Content" (the ordered rows
 // of the service in fgItemsInService, fed from an item gallery) and "Prop
 // Bag" (items kept at hand during a run). Each tab is filled the first time
-// it is looked at; the prop bag tab is also made then. Changes raise a dirty
-// flag per tab (the editor cycle's tabs 0, 1 and 2); cmdApplyChanges, or the
-// question asked when the user leaves, stores them in one transaction: the
-// whole service is stored, or nothing of it.
+// it is looked at; the content and prop bag tabs are also made then. Changes
+// raise a dirty flag per tab (the editor cycle's tabs 0, 1 and 2);
+// cmdApplyChanges, or the question asked when the user leaves, stores them in
+// one transaction: the whole service is stored, or nothing of it.
 //
 // The grid keeps everything a save needs in its own cells (see
 // ctlService_Grid.cpp for its columns); row 0 is the header and an empty
@@ -113,6 +114,8 @@ public:
     QPushButton* cmdMoveOneRight = nullptr;
     QPushButton* cmdMoveOneLeft = nullptr;
     QPushButton* cmdMoveAllLeft = nullptr;
+    // The Content tab's children exist once that tab has been shown or its
+    // rows have been asked for.
     QGroupBox* fraServiceContents = nullptr;
     QTableWidget* fgItemsInService = nullptr;
     ctlServiceItemGallery* ctlServiceItemGallery1 = nullptr;
@@ -124,6 +127,7 @@ public:
     QComboBox* cboYesNo = nullptr;
     QVTimeSelector* QVTimeSelector1 = nullptr;
     QLabel* lblTotalLength = nullptr;
+    // Made with the first of the Content and Prop Bag tabs.
     VBImageList* imgSITypes = nullptr;
 
 signals:
@@ -176,16 +180,21 @@ private slots:
 private:
     void CreateWidgets();
     QWidget* CreateGeneralTab();
-    QWidget* CreateContentTab();
+    void CreateContentTab(QWidget* page);
     void CreatePropBagTab(QWidget* page);
+    void EnsureContentTab();
     void EnsurePropBagTab();
+    void EnsureTypeImages();
+    static void ShowMadeChildren(QWidget* page);
     void ConnectWidgets();
+    void ConnectContent();
     void ConnectPropBag();
     void UserControl_Resize();
 
     // General
-    void LoadGeneralTab();
-    void FillGeneralTab();
+    // rsShown: the service's row when the caller has just read it, so that it is not read again.
+    void LoadGeneralTab(const Recordset* rsShown = nullptr);
+    void FillGeneralTab(const Recordset* rsShown);
     qint16 DoChecks(QString& strErrorMessage);
     // Prop bag
     void LoadPropBagTab();

@@ -118,6 +118,7 @@ void ctlService::LoadContent() {
             .WithPrefix(QStringLiteral("QVLTCONTROLS:ctlService:LoadContent: Error number is "))
             .Enter();
     entry.ErrorBox([&] {
+        EnsureContentTab();
         const bool blnApply = cmdApplyChanges->isEnabled();
         ShowItemGallery();
         QString strErrorMessage;
@@ -155,6 +156,7 @@ void ctlService::AddSIsThatArePartOfService(QString& strErrorMessage) {
             .WithPrefix(QStringLiteral("AddSIsThatArePartOfService: Error number is "))
             .Enter();
     entry.ErrorBox([&] {
+        EnsureContentTab();
         blnGridIdle = false;
         QTableWidget* fg = fgItemsInService;
         if (fg->rowCount() < 2)
@@ -225,6 +227,7 @@ void ctlService::AddServiceItemToServiceGrid(qint32 lngSIID, bool& blnShowAtRunT
                            .Spelt()
                            .Enter();
     entry.ErrorBox([&] {
+        EnsureContentTab();
         blnGridIdle = false;
         const bool blnBlank = lngSIID == 1;
         DataAccess& da = DataAccess::Instance();
@@ -307,6 +310,7 @@ void ctlService::AddServiceItemToServiceGrid(qint32 lngSIID, bool& blnShowAtRunT
 void ctlService::RedoNumbering() {
     const auto entry = Entry("RedoNumbering").Enter();
     entry.FullErrorBox([&] {
+        EnsureContentTab();
         if (fgItemsInService->currentRow() >= 0)
             fgItemsInService->setCurrentCell(fgItemsInService->currentRow(), colNumber);
         SortOutNumbering();
@@ -317,6 +321,7 @@ void ctlService::RedoNumbering() {
 void ctlService::SortOutNumbering() {
     const auto entry = Entry("SortOutNumbering").Enter();
     entry.FullErrorBox([&] {
+        EnsureContentTab();
         for (qint32 r = 1; r < fgItemsInService->rowCount(); ++r)
             SetCell(r, colNumber, RowHoldsItem(r) ? QString::number(r) : QString());
         ShowTotalLength();
@@ -336,6 +341,8 @@ void ctlService::MakeControlDirty() {
 }
 
 void ctlService::HideCellEditors() {
+    if (!fgItemsInService)
+        return;
     // The grid takes the focus back from an editor before it hides, so that
     // the focus does not travel on by tab order, which would move the cell.
     const QWidget* focus = QApplication::focusWidget();
@@ -612,6 +619,9 @@ void ctlService::ShowTotalLength() {
 // The rows go to the data library in one batch, top to bottom; the placeholder
 // row of an empty service holds no item and is left out.
 bool ctlService::SaveContents() {
+    // A Content tab never made has no rows changed: the stored rows stay.
+    if (!fgItemsInService)
+        return true;
     DataAccess& da = DataAccess::Instance();
     QString strErrorMessage;
     da.DeleteServiceContents(lngServiceID, strErrorMessage);

@@ -59,18 +59,18 @@ bool ctlService::blnPropBagDirty() const {
     return m_cycle->IsDirty(2);
 }
 
-void ctlService::LoadGeneralTab() {
+void ctlService::LoadGeneralTab(const Recordset* rsShown) {
     const auto entry = Entry("LoadGeneralTab").Enter();
     entry.FullErrorBox([&] {
         {
             EditorCycle::Loading keep(*m_cycle);
-            FillGeneralTab();
+            FillGeneralTab(rsShown);
         }
         m_cycle->Clear(0);
     });
 }
 
-void ctlService::FillGeneralTab() {
+void ctlService::FillGeneralTab(const Recordset* rsShown) {
     DataAccess& da = DataAccess::Instance();
     QString strErrorMessage;
     std::unique_ptr<Recordset> rs;
@@ -89,27 +89,30 @@ void ctlService::FillGeneralTab() {
         FillCombo(cboTheme, *rs, QStringLiteral("ServiceTheme"));
         blnThemesLoaded = true;
     }
-    da.GetServices(QStringLiteral("Services.ServiceID = ") + QString::number(lngServiceID), 4,
-                   strErrorMessage, rs);
-    if (!strErrorMessage.isEmpty())
-        return Show(strErrorMessage);
-    if (!rs || rs->RecordCount() == 0) {
-        Platform::Current().MsgBox(QStringLiteral("Service: ") + QString::number(lngServiceID) +
-                                       QStringLiteral(" does not exist"),
-                                   vbOKOnly, QStringLiteral("System Error"));
-        return;
+    if (!rsShown) {
+        da.GetServices(QStringLiteral("Services.ServiceID = ") + QString::number(lngServiceID), 4,
+                       strErrorMessage, rs);
+        if (!strErrorMessage.isEmpty())
+            return Show(strErrorMessage);
+        if (!rs || rs->RecordCount() == 0) {
+            Platform::Current().MsgBox(QStringLiteral("Service: ") + QString::number(lngServiceID) +
+                                           QStringLiteral(" does not exist"),
+                                       vbOKOnly, QStringLiteral("System Error"));
+            return;
+        }
+        rsShown = rs.get();
     }
-    txtServiceName->setText(VB::Text(rs->Fields(QStringLiteral("ServiceName"))));
-    cboTypes->setEditText(VB::Text(rs->Fields(QStringLiteral("ServiceType"))));
-    cboTheme->setEditText(VB::Text(rs->Fields(QStringLiteral("ServiceTheme"))));
-    lblProvider->setText(VB::Text(rs->Fields(QStringLiteral("ServiceProvider"))));
-    txtNotes->setPlainText(VB::Text(rs->Fields(QStringLiteral("ServiceNotes"))));
+    txtServiceName->setText(VB::Text(rsShown->Fields(QStringLiteral("ServiceName"))));
+    cboTypes->setEditText(VB::Text(rsShown->Fields(QStringLiteral("ServiceType"))));
+    cboTheme->setEditText(VB::Text(rsShown->Fields(QStringLiteral("ServiceTheme"))));
+    lblProvider->setText(VB::Text(rsShown->Fields(QStringLiteral("ServiceProvider"))));
+    txtNotes->setPlainText(VB::Text(rsShown->Fields(QStringLiteral("ServiceNotes"))));
     // A Null date leaves the label empty and its tool tip as it was.
-    const QVariant varDelivered = rs->Fields(QStringLiteral("ServiceDateLastDelivered"));
+    const QVariant varDelivered = rsShown->Fields(QStringLiteral("ServiceDateLastDelivered"));
     lblDateLastDelivered->setText(LongDate(varDelivered));
     if (!varDelivered.isNull())
         lblDateLastDelivered->setToolTip(VB::CStr(varDelivered));
-    lblServiceDateCreated->setText(LongDate(rs->Fields(QStringLiteral("ServiceDateCreated"))));
+    lblServiceDateCreated->setText(LongDate(rsShown->Fields(QStringLiteral("ServiceDateCreated"))));
 
     lmgResources->ClearChosenItems();
     std::unique_ptr<Recordset> rsResources;

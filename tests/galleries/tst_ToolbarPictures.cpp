@@ -11,12 +11,20 @@ class tst_ToolbarPictures : public QObject {
 
 private:
     static QList<QStyle::StandardPixmap> Drawn() {
-        return {QStyle::SP_FileIcon,           QStyle::SP_MediaPlay,
-                QStyle::SP_TrashIcon,          QStyle::SP_FileDialogDetailedView,
-                QStyle::SP_FileDialogInfoView, QStyle::SP_DialogHelpButton,
-                QStyle::SP_DialogSaveButton,   QStyle::SP_FileDialogListView,
-                QStyle::SP_BrowserReload,      QStyle::SP_ArrowUp,
-                QStyle::SP_ArrowDown,          QStyle::SP_DialogOpenButton};
+        return {QStyle::SP_FileIcon,
+                QStyle::SP_MediaPlay,
+                QStyle::SP_TrashIcon,
+                QStyle::SP_FileDialogDetailedView,
+                QStyle::SP_FileDialogInfoView,
+                QStyle::SP_DialogHelpButton,
+                QStyle::SP_DialogSaveButton,
+                QStyle::SP_FileDialogListView,
+                QStyle::SP_BrowserReload,
+                QStyle::SP_ArrowUp,
+                QStyle::SP_ArrowDown,
+                QStyle::SP_DialogOpenButton,
+                QStyle::SP_ToolBarHorizontalExtensionButton,
+                QStyle::SP_ToolBarVerticalExtensionButton};
     }
 
 private slots:

@@ -28,8 +28,13 @@ private slots:
 
     void theThreeTabsStandInOrder();
     void thePropBagTabIsMadeWhenFirstShownAndFilledThen();
+    void theContentTabIsMadeWhenFirstShownAndShowsTheRowsStoredThen();
+    void aServiceStoredWithoutOpeningTheContentTabKeepsItsRows();
+    void rowsAskedForBeforeTheContentTabIsShownMakeItsGrid();
+    void aContentTabMadeOnScreenShowsItsRowsBeforeItsGallery();
     void aServiceStoredWithoutOpeningThePropBagKeepsItsProps();
     void showPropertiesFillsTheGeneralTabClean();
+    void aServiceShownAgainShowsWhatWasChangedElsewhereMeanwhile();
     void itemsThatAreNoNumberAreRefusedWithoutLoading();
     void aServiceThatNoLongerExistsSaysSo();
     void aServiceWithoutNameIsCaptionedByItsDecodedThemeAndDate();
@@ -111,6 +116,22 @@ void tst_ctlService::showPropertiesFillsTheGeneralTabClean() {
     QVERIFY(!ctl.cmdApplyChanges->isEnabled());
     QCOMPARE(ctl.CanUnload(), true);
     QCOMPARE(m_platform->BoxCount(), 0); // nothing to save: no question
+}
+
+void tst_ctlService::aServiceShownAgainShowsWhatWasChangedElsewhereMeanwhile() {
+    ctlService ctl;
+    Show(ctl, m_lib.service);
+    QCOMPARE(ctl.txtNotes->toPlainText(), QString());
+    QVERIFY(
+        m_db->Exec("UPDATE Services SET ServiceName = 'Evensong', ServiceNotes = 'Choir at six' "
+                   "WHERE ServiceID = ?",
+                   {m_lib.service}));
+    ctl.setDescription(QString());
+    Show(ctl, m_lib.service);
+    QCOMPARE(m_platform->BoxCount(), 0);
+    QCOMPARE(ctl.lblMainCaption->text(), QString("Evensong"));
+    QCOMPARE(ctl.txtServiceName->text(), QString("Evensong"));
+    QCOMPARE(ctl.txtNotes->toPlainText(), QString("Choir at six"));
 }
 
 void tst_ctlService::itemsThatAreNoNumberAreRefusedWithoutLoading() {
@@ -363,7 +384,8 @@ void tst_ctlService::aFailingSaveLeavesTheStoredServiceWholeAsBefore() {
 void tst_ctlService::theContentTabIsFilledOnFirstView() {
     ctlService ctl;
     Show(ctl, m_lib.service);
-    QCOMPARE(Column(ctl, ctlService::colSIID), QStringList({""}));
+    // Nothing of the tab is made, so nothing of it is loaded, before it is viewed.
+    QVERIFY(!ctl.fgItemsInService);
     ctl.SSTab1->setCurrentIndex(1);
     QCOMPARE(Column(ctl, ctlService::colSIID),
              QStringList({QString::number(m_lib.grace), "1", QString::number(m_lib.francis)}));
@@ -595,6 +617,75 @@ void tst_ctlService::aServiceStoredWithoutOpeningThePropBagKeepsItsProps() {
     QVERIFY(!ctl.cmdApplyChanges->isEnabled());
     QVERIFY(!ctl.ctlSIPropBag);
     QCOMPARE(StoredProps(*m_db, m_lib.service), QStringList({QString::number(m_lib.grace)}));
+}
+
+void tst_ctlService::theContentTabIsMadeWhenFirstShownAndShowsTheRowsStoredThen() {
+    ctlService ctl;
+    Show(ctl, m_lib.service);
+    QVERIFY(!ctl.ctlServiceItemGallery1);
+    QVERIFY(!ctl.findChild<QTableWidget*>("fgItemsInService"));
+    // A row stored elsewhere after the service was shown is there when the tab opens.
+    QString error;
+    DataAccess::Instance().AddServiceContentItems(m_lib.service, {{m_lib.notices, true, {}}},
+                                                  error);
+    QVERIFY2(error.isEmpty(), qPrintable(error));
+    ctl.SSTab1->setCurrentIndex(1);
+    QCOMPARE(ctl.SSTab1->widget(1)->findChild<QTableWidget*>("fgItemsInService"),
+             ctl.fgItemsInService);
+    QCOMPARE(Column(ctl, ctlService::colSIID),
+             QStringList({QString::number(m_lib.grace), "1", QString::number(m_lib.francis),
+                          QString::number(m_lib.notices)}));
+    QVERIFY(GalleryShows(ctl.ctlServiceItemGallery1, m_lib.notices));
+    ctl.cmdAddBlank->click();
+    QCOMPARE(Column(ctl, ctlService::colSIID).size(), 5);
+    QVERIFY(ctl.cmdApplyChanges->isEnabled());
+}
+
+void tst_ctlService::aServiceStoredWithoutOpeningTheContentTabKeepsItsRows() {
+    const QStringList before = StoredRows(*m_db, m_lib.service);
+    QCOMPARE(before.size(), 3);
+    ctlService ctl;
+    Show(ctl, m_lib.service);
+    ctl.txtServiceName->setText("Renamed");
+    ctl.cmdApplyChanges->click();
+    QVERIFY(!ctl.cmdApplyChanges->isEnabled());
+    QVERIFY(!ctl.fgItemsInService);
+    QCOMPARE(StoredRows(*m_db, m_lib.service), before);
+    QVERIFY(ctl.CanUnload());
+    QCOMPARE(m_platform->BoxCount(), 0);
+}
+
+void tst_ctlService::rowsAskedForBeforeTheContentTabIsShownMakeItsGrid() {
+    ctlService ctl;
+    Show(ctl, m_lib.service);
+    bool blnShow = true;
+    QString error;
+    ctl.AddServiceItemToServiceGrid(m_lib.notices, blnShow, error);
+    QVERIFY2(error.isEmpty(), qPrintable(error));
+    QVERIFY(ctl.fgItemsInService);
+    QVERIFY(Column(ctl, ctlService::colSIID).contains(QString::number(m_lib.notices)));
+    ctlService other;
+    Show(other, m_lib.service);
+    other.SortOutNumbering();
+    QVERIFY(other.fgItemsInService);
+}
+
+void tst_ctlService::aContentTabMadeOnScreenShowsItsRowsBeforeItsGallery() {
+    ctlService ctl;
+    ctl.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&ctl));
+    Show(ctl, m_lib.service);
+    QVERIFY(!ctl.fgItemsInService);
+    ctl.SSTab1->setCurrentIndex(1);
+    QVERIFY(ctl.fgItemsInService->isVisible());
+    QVERIFY(ctl.ctlServiceItemGallery1->isVisible());
+    QVERIFY(!ctl.cboYesNo->isVisible());
+    QCOMPARE(Column(ctl, ctlService::colSIID).size(), 3);
+    QVERIFY(!ctl.ItemGalleryLoaded());
+    QTRY_VERIFY(ctl.ItemGalleryLoaded());
+    QVERIFY(GalleryShows(ctl.ctlServiceItemGallery1, m_lib.notices));
+    // The tab's layout gives the grid its room as on a tab made at once.
+    QTRY_VERIFY(ctl.fgItemsInService->width() > ctl.SSTab1->width() / 4);
 }
 
 QTEST_MAIN(tst_ctlService)
