@@ -100,6 +100,7 @@ private slots:
     void systemMetricsOfTwoMonitors();
     void grabDesktopPicturesWhatIsOnTheScreens();
     void grabWithinOneScreenPicturesThatScreensArea();
+    void grabReachingPastTheDesktopIsBlackBeyondItsEdge();
 
 private:
     QTemporaryDir m_dir;
@@ -407,6 +408,29 @@ void tst_Platform::grabWithinOneScreenPicturesThatScreensArea() {
     QCOMPARE(QColor(picture.pixel(149, 109)), QColor(Qt::blue));
     QVERIFY(QColor(picture.pixel(150, 110)) != QColor(Qt::blue));
     QVERIFY(QColor(picture.pixel(49, 49)) != QColor(Qt::blue));
+}
+
+void tst_Platform::grabReachingPastTheDesktopIsBlackBeyondItsEdge() {
+    QWidget green;
+    green.setWindowFlag(Qt::FramelessWindowHint);
+    green.setAutoFillBackground(true);
+    QPalette palette = green.palette();
+    palette.setColor(QPalette::Window, Qt::green);
+    green.setPalette(palette);
+    green.setGeometry(2850, 150, 94, 50);
+    green.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&green));
+    // The second screen ends at x 2943; the area goes 156 columns beyond it, as
+    // the console's mirror reaches one column past a projector on the right.
+    const QRect area(2800, 100, 300, 200);
+    QImage picture;
+    QTRY_VERIFY((picture = Platform::Current().GrabDesktop(area).toImage(),
+                 QColor(picture.pixel(60, 60)) == QColor(Qt::green)));
+    QCOMPARE(picture.size(), QSize(300, 200));
+    QCOMPARE(QColor(picture.pixel(143, 99)), QColor(Qt::green));
+    QCOMPARE(QColor(picture.pixel(144, 60)), QColor(Qt::black));
+    QCOMPARE(QColor(picture.pixel(299, 199)), QColor(Qt::black));
+    QVERIFY(QColor(picture.pixel(49, 49)) != QColor(Qt::green));
 }
 
 int main(int argc, char** argv) {
