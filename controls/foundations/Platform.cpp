@@ -474,36 +474,6 @@ qint32 Platform::GetSystemMetrics(qint32 nIndex) {
     }
 }
 
-namespace {
-
-// An area that meets one screen only and reaches past the desktop's edge (the
-// console's mirror of a projector on the right: one column beyond it) is that
-// screen's grab with black beyond the edge, made by one copy of the grab
-// instead of a black picture that the grab is painted into.
-QPixmap GrabOneScreenPastTheDesktop(const QRect& rcArea, bool global) {
-    QScreen* only = nullptr;
-    for (QScreen* screen : QGuiApplication::screens()) {
-        if (!screen->geometry().intersects(rcArea))
-            continue;
-        if (only)
-            return QPixmap();
-        only = screen;
-    }
-    if (!only)
-        return QPixmap();
-    const QRect part = rcArea.intersected(only->geometry());
-    const QPoint from = global ? part.topLeft() : part.topLeft() - only->geometry().topLeft();
-    const QPixmap grabbed = only->grabWindow(0, from.x(), from.y(), part.width(), part.height());
-    if (grabbed.size() != part.size() || grabbed.hasAlphaChannel())
-        return QPixmap();
-    // Outside the grab QImage::copy gives zeros: black in a picture without alpha.
-    QImage picture =
-        grabbed.toImage().copy(QRect(rcArea.topLeft() - part.topLeft(), rcArea.size()));
-    return QPixmap::fromImage(std::move(picture));
-}
-
-} // namespace
-
 QPixmap Platform::GrabDesktop(const QRect& rcArea) {
     if (rcArea.isEmpty())
         return QPixmap();
@@ -529,8 +499,6 @@ QPixmap Platform::GrabDesktop(const QRect& rcArea) {
         }
         return picture;
     }
-    if (QPixmap edge = GrabOneScreenPastTheDesktop(rcArea, global); !edge.isNull())
-        return edge;
     QPixmap picture(rcArea.size());
     picture.fill(Qt::black);
     QPainter painter(&picture);
