@@ -20,6 +20,17 @@
 #include <functional>
 
 namespace {
+
+// A frameless window of one colour at a place on the desktop, for the grab tests.
+void ShowColouredWindow(QWidget& window, const QColor& colour, const QRect& geometry) {
+    window.setWindowFlag(Qt::FramelessWindowHint);
+    window.setAutoFillBackground(true);
+    QPalette palette = window.palette();
+    palette.setColor(QPalette::Window, colour);
+    window.setPalette(palette);
+    window.setGeometry(geometry);
+    window.show();
+}
 // Runs act on the next modal dialog of type W as soon as it is open; the
 // dialog's own event loop runs the poll.
 template <class W> void whenModal(std::function<void(W*)> act) {
@@ -370,13 +381,7 @@ void tst_Platform::systemMetricsOfTwoMonitors() {
 
 void tst_Platform::grabDesktopPicturesWhatIsOnTheScreens() {
     QWidget red;
-    red.setWindowFlag(Qt::FramelessWindowHint);
-    red.setAutoFillBackground(true);
-    QPalette palette = red.palette();
-    palette.setColor(QPalette::Window, Qt::red);
-    red.setPalette(palette);
-    red.setGeometry(1100, 100, 200, 100);
-    red.show();
+    ShowColouredWindow(red, Qt::red, QRect(1100, 100, 200, 100));
     QVERIFY(QTest::qWaitForWindowExposed(&red));
     QCOMPARE(red.screen()->geometry(), QRect(1024, 0, 1920, 1080));
     const QRect area(1000, 50, 400, 200);
@@ -390,13 +395,7 @@ void tst_Platform::grabDesktopPicturesWhatIsOnTheScreens() {
 
 void tst_Platform::grabWithinOneScreenPicturesThatScreensArea() {
     QWidget blue;
-    blue.setWindowFlag(Qt::FramelessWindowHint);
-    blue.setAutoFillBackground(true);
-    QPalette palette = blue.palette();
-    palette.setColor(QPalette::Window, Qt::blue);
-    blue.setPalette(palette);
-    blue.setGeometry(1300, 300, 100, 60);
-    blue.show();
+    ShowColouredWindow(blue, Qt::blue, QRect(1300, 300, 100, 60));
     QVERIFY(QTest::qWaitForWindowExposed(&blue));
     // Wholly on the second screen, as the console grabs the projector's.
     const QRect area(1250, 250, 300, 200);
@@ -412,13 +411,7 @@ void tst_Platform::grabWithinOneScreenPicturesThatScreensArea() {
 
 void tst_Platform::grabReachingPastTheDesktopIsBlackBeyondItsEdge() {
     QWidget green;
-    green.setWindowFlag(Qt::FramelessWindowHint);
-    green.setAutoFillBackground(true);
-    QPalette palette = green.palette();
-    palette.setColor(QPalette::Window, Qt::green);
-    green.setPalette(palette);
-    green.setGeometry(2850, 150, 94, 50);
-    green.show();
+    ShowColouredWindow(green, Qt::green, QRect(2850, 150, 94, 50));
     QVERIFY(QTest::qWaitForWindowExposed(&green));
     // The second screen ends at x 2943; the area goes 156 columns beyond it, as
     // the console's mirror reaches one column past a projector on the right.
