@@ -37,10 +37,7 @@ class tst_LoadFileIntoRichText : public QObject {
     QTextEdit box;
 
     QString write(const QString& strName, const QByteArray& bytes) {
-        const QString strPath = files.filePath(strName);
-        QFileInfo(strPath).dir().mkpath(QStringLiteral("."));
-        TestDocuments::Write(strPath, bytes);
-        return strPath;
+        return TestDocuments::WriteIn(files, strName, bytes);
     }
     QString load(const QString& strFile) {
         QString error;

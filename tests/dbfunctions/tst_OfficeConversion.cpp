@@ -22,10 +22,7 @@ class tst_OfficeConversion : public QObject {
     QTemporaryDir files;
 
     QString document(const QString& strName, const QByteArray& bytes = "words") {
-        const QString strPath = files.filePath(strName);
-        QFileInfo(strPath).dir().mkpath(QStringLiteral("."));
-        TestDocuments::Write(strPath, bytes);
-        return strPath;
+        return TestDocuments::WriteIn(files, strName, bytes);
     }
 
 private slots:

@@ -24,10 +24,7 @@ class tst_PresentationCache : public QObject {
     int starts = 0;
 
     QString write(const QString& strName, const QByteArray& bytes) {
-        const QString strPath = files.filePath(strName);
-        QFileInfo(strPath).dir().mkpath(QStringLiteral("."));
-        TestDocuments::Write(strPath, bytes);
-        return strPath;
+        return TestDocuments::WriteIn(files, strName, bytes);
     }
 
 private slots:

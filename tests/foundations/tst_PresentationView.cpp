@@ -27,9 +27,7 @@ class tst_PresentationView : public QObject {
     int starts = 0;
 
     QString write(const QString& strName, const QByteArray& bytes) {
-        const QString strPath = files.filePath(strName);
-        TestDocuments::Write(strPath, bytes);
-        return strPath;
+        return TestDocuments::WriteIn(files, strName, bytes);
     }
     template <typename T> T* child(const char* name) {
         return view->findChild<T*>(QLatin1String(name));

@@ -29,9 +29,7 @@ class tst_RunPresentation : public QObject {
     int starts = 0;
 
     QString write(const QString& strName, const QByteArray& bytes) {
-        const QString strPath = files.filePath(strName);
-        TestDocuments::Write(strPath, bytes);
-        return strPath;
+        return TestDocuments::WriteIn(files, strName, bytes);
     }
     // A presentation item whose file is strFile.
     qint32 presentation(const QString& strDescription, const QString& strFile) {

@@ -31,9 +31,7 @@ class tst_RunPresentationsAhead : public QObject {
     int starts = 0;
 
     QString write(const QString& strName, const QByteArray& bytes) {
-        const QString strPath = files.filePath(strName);
-        TestDocuments::Write(strPath, bytes);
-        return strPath;
+        return TestDocuments::WriteIn(files, strName, bytes);
     }
     qint32 presentation(const QString& strDescription, const QString& strFile) {
         return db->AddFileItem(TestDatabase::PowerPoint, strDescription, strFile);

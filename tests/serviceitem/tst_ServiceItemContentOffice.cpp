@@ -77,9 +77,7 @@ private:
                           {strStored, QFileInfo(strStored).fileName(), lngItem});
     }
     QString write(const QString& strName, const QByteArray& bytes) {
-        const QString strPath = m_files.filePath(strName);
-        QDir().mkpath(QFileInfo(strPath).absolutePath());
-        return TestDocuments::Write(strPath, bytes) ? strPath : QString();
+        return TestDocuments::WriteIn(m_files, strName, bytes);
     }
     // An item of a type whose file is strPath, shown on its Content tab.
     qint32 itemWithFile(ctlServiceItem& ctl, qint32 lngType, const QString& strPath) {

@@ -1,7 +1,9 @@
 #include "FakeOffice.h"
 
 #include <QBuffer>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QPainter>
 #include <QPdfWriter>
 
@@ -91,6 +93,12 @@ namespace TestDocuments {
 bool Write(const QString& strPath, const QByteArray& bytes) {
     QFile file(strPath);
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+QString WriteIn(const QTemporaryDir& folder, const QString& strName, const QByteArray& bytes) {
+    const QString strPath = folder.filePath(strName);
+    QDir().mkpath(QFileInfo(strPath).absolutePath());
+    return Write(strPath, bytes) ? strPath : QString();
 }
 
 QByteArray SlidesPdf(int intPages) {

@@ -53,4 +53,7 @@ QByteArray Rtf();
 QByteArray FlatPresentation(int intSlides);
 // Writes bytes to a file; false when it cannot.
 bool Write(const QString& strPath, const QByteArray& bytes);
+// Writes bytes to strName (which may name subfolders) in folder; the file's path, or an empty
+// text when it cannot be written.
+QString WriteIn(const QTemporaryDir& folder, const QString& strName, const QByteArray& bytes);
 } // namespace TestDocuments
