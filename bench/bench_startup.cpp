@@ -3,11 +3,14 @@
 //
 //   QT_QPA_PLATFORM=offscreen build/bench/bench_startup [runs]
 //
-// Each start is a process of its own (this program again, with "--app" or "--bare"), timed
-// from the moment it is started to the line it writes once its window has been painted; its
-// settings, data and trace lie in folders of their own. Three kinds of start:
+// Each start is a process of its own (this program again, with "--app", "--bare" or
+// "--bare-text"), timed from the moment it is started to the line it writes once its window
+// has been painted; its settings, data and trace lie in folders of their own. Four kinds of
+// start:
 //
 //   bare window     QApplication and an empty QMainWindow of the main window's size
+//   bare with text  the same window showing one line of text in a label: it loads the fonts,
+//                   as every window with words does
 //   with sample     Corvantis, the sample database already built (every later start)
 //   first start     Corvantis without a settings file or a sample database: it builds the
 //                   sample database before the window opens
@@ -23,6 +26,7 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QElapsedTimer>
+#include <QLabel>
 #include <QMainWindow>
 #include <QPointer>
 #include <QProcess>
@@ -75,9 +79,11 @@ void InstallFirstPaint() {
 }
 Q_COREAPP_STARTUP_FUNCTION(InstallFirstPaint)
 
-int BareWindow(int argc, char** argv) {
+int BareWindow(int argc, char** argv, bool blnWithText) {
     QApplication app(argc, argv);
     QMainWindow window;
+    if (blnWithText)
+        window.setCentralWidget(new QLabel(QStringLiteral("Corvantis")));
     window.resize(kWidth, kHeight);
     window.show();
     return QApplication::exec();
@@ -137,16 +143,27 @@ double Best(const QList<Times>& values, double Times::*field) {
     return values.isEmpty() ? 0.0 : best;
 }
 
-void PrintTable(const char* title, int runs, const QList<Times>& bare, const QList<Times>& sample,
-                const QList<Times>& first, double Times::*field) {
+struct Starts {
+    QList<Times> bare, bareText, sample, first;
+};
+
+double Ratio(double value, double base) {
+    return base > 0 ? value / base : 0.0;
+}
+
+// Each start beside both bare windows: the empty one and the one showing a line of text.
+void PrintTable(const char* title, int runs, const Starts& starts, double Times::*field) {
     std::printf("%s, best of %d runs, milliseconds\n", title, runs);
-    std::printf("%-36s %9s %9s\n", "start", "time", "/ bare");
-    const double b = Best(bare, field);
-    std::printf("%-36s %9.1f %9.2f\n", "bare Qt window", b, 1.0);
-    for (const auto& [name, list] : {std::pair{"Corvantis, sample database in place", &sample},
-                                     std::pair{"Corvantis, first start (builds it)", &first}}) {
+    std::printf("%-36s %9s %9s %9s\n", "start", "time", "/ bare", "/ text");
+    const double b = Best(starts.bare, field);
+    const double bt = Best(starts.bareText, field);
+    for (const auto& [name, list] :
+         {std::pair{"bare Qt window", &starts.bare},
+          std::pair{"bare Qt window, one line of text", &starts.bareText},
+          std::pair{"Corvantis, sample database in place", &starts.sample},
+          std::pair{"Corvantis, first start (builds it)", &starts.first}}) {
         const double t = Best(*list, field);
-        std::printf("%-36s %9.1f %9.2f\n", name, t, b > 0 ? t / b : 0.0);
+        std::printf("%-36s %9.1f %9.2f %9.2f\n", name, t, Ratio(t, b), Ratio(t, bt));
     }
 }
 
@@ -154,10 +171,10 @@ void PrintTable(const char* title, int runs, const QList<Times>& bare, const QLi
 
 int main(int argc, char** argv) {
     const QByteArray mode = argc > 1 ? QByteArray(argv[1]) : QByteArray();
-    if (mode == "--bare" || mode == "--app") {
+    if (mode == "--bare" || mode == "--bare-text" || mode == "--app") {
         g_watchFirstPaint = true;
-        if (mode == "--bare")
-            return BareWindow(1, argv);
+        if (mode != "--app")
+            return BareWindow(1, argv, mode == "--bare-text");
         int appArgc = 1;
         return CorvantisMain(appArgc, argv);
     }
@@ -167,22 +184,23 @@ int main(int argc, char** argv) {
     // Every later start uses one home whose sample database the first run builds.
     QTemporaryDir kept;
     TimeChild("--app", kept.path());
-    QList<Times> bare, sample, first;
+    Starts starts;
     for (int r = 0; r < runs; ++r) {
         QTemporaryDir bareHome;
-        bare << TimeChild("--bare", bareHome.path());
-        sample << TimeChild("--app", kept.path());
+        starts.bare << TimeChild("--bare", bareHome.path());
+        QTemporaryDir bareTextHome;
+        starts.bareText << TimeChild("--bare-text", bareTextHome.path());
+        starts.sample << TimeChild("--app", kept.path());
         QTemporaryDir fresh;
-        first << TimeChild("--app", fresh.path());
+        starts.first << TimeChild("--app", fresh.path());
     }
     bool built = false;
     for (QDirIterator it(kept.path() + "/data", {"Corvantis.pdb"}, QDir::Files,
                          QDirIterator::Subdirectories);
          it.hasNext() && !built;)
         built = !it.next().isEmpty();
-    PrintTable("start-up to the first painted main window (clock)", runs, bare, sample, first,
-               &Times::clock);
-    PrintTable("processor time of the start when painted", runs, bare, sample, first, &Times::cpu);
+    PrintTable("start-up to the first painted main window (clock)", runs, starts, &Times::clock);
+    PrintTable("processor time of the start when painted", runs, starts, &Times::cpu);
     if (!built)
         std::printf("(no sample database was found after the first start)\n");
     return 0;
