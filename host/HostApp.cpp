@@ -1,6 +1,7 @@
 #include "HostApp.h"
 
 #include "CommandLine.h"
+#include "FontWarmUp.h"
 #include "HostStyle.h"
 #include "MainWindow.h"
 #include "Screenshot.h"
@@ -22,6 +23,9 @@ int CorvantisMain(int argc, char* argv[]) {
     QTemporaryDir screens;
     if (line.IsScreenshot() && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         Screenshot::SelectTwoScreens(screens);
+    // The fonts' configuration loads while the application object is made and the database
+    // opens; started after the last change to the environment, which the loading reads.
+    FontWarmUp fonts;
     GuardedApplication app(argc, argv);
     QApplication::setStyle(new HostStyle);
     QApplication::setApplicationName(QStringLiteral("Corvantis"));
@@ -32,6 +36,7 @@ int CorvantisMain(int argc, char* argv[]) {
         return line.help ? 0 : 2;
     }
     const StartUp startUp = StartUp::Run(line);
+    fonts.Wait(); // every step from here on measures or draws text
     if (line.IsScreenshot())
         return Screenshot::Take(line.screenshotDir, startUp, err);
     if (!startUp.DatabaseOpen())

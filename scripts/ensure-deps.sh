@@ -7,7 +7,7 @@ set -euo pipefail
 CORVANTIS_PACKAGES=(
   cmake ninja-build g++ ccache pkg-config
   qt6-base-dev qt6-multimedia-dev libqt6sql6-sqlite libsqlite3-dev qt6-qpa-plugins
-  libgl-dev gstreamer1.0-plugins-good fonts-dejavu-core zlib1g-dev
+  libgl-dev gstreamer1.0-plugins-good fonts-dejavu-core zlib1g-dev libfontconfig-dev
   qt6-pdf-dev poppler-utils libreoffice-writer libreoffice-impress
 )
 
