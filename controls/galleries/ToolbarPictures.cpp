@@ -51,16 +51,32 @@ void Pencil(QPainter& p) {
     p.drawPolygon(QPolygonF({{2, 12}, {2, 14}, {4, 14}}));
 }
 
-void Round(QPainter& p, const QString& mark) {
+// A blue disc with a white mark drawn as lines, not as a letter: a picture needs no font, so
+// the gallery's tool bar is made without loading one.
+void Disc(QPainter& p) {
     p.setPen(QPen(Blue.darker(130), 1));
     p.setBrush(Blue);
     p.drawEllipse(QRectF(1.5, 1.5, 13, 13));
-    QFont font = p.font();
-    font.setPixelSize(11);
-    font.setBold(true);
-    p.setFont(font);
-    p.setPen(Qt::white);
-    p.drawText(QRectF(0, 0, Size, Size), Qt::AlignCenter, mark);
+    p.setPen(Qt::NoPen);
+    p.setBrush(Qt::white);
+}
+
+// "i": a dot over a stem.
+void Information(QPainter& p) {
+    Disc(p);
+    p.drawEllipse(QPointF(8, 4.8), 1.3, 1.3);
+    p.drawRect(QRectF(7, 6.9, 2, 5.6));
+}
+
+// "?": a hook over a dot.
+void Question(QPainter& p) {
+    Disc(p);
+    QPainterPath hook;
+    hook.arcMoveTo(QRectF(5.4, 3.2, 5.2, 4.8), 160);
+    hook.arcTo(QRectF(5.4, 3.2, 5.2, 4.8), 160, -250);
+    hook.lineTo(8, 9.6);
+    p.strokePath(hook, QPen(Qt::white, 1.8, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin));
+    p.drawEllipse(QPointF(8, 11.9), 1.2, 1.2);
 }
 
 void Printer(QPainter& p) {
@@ -139,10 +155,10 @@ bool Draw(QPainter& p, QStyle::StandardPixmap picture) {
         Pencil(p);
         return true;
     case QStyle::SP_FileDialogInfoView:
-        Round(p, QStringLiteral("i"));
+        Information(p);
         return true;
     case QStyle::SP_DialogHelpButton:
-        Round(p, QStringLiteral("?"));
+        Question(p);
         return true;
     case QStyle::SP_DialogSaveButton:
         Printer(p);

@@ -45,6 +45,20 @@ private slots:
         QCOMPARE(pictures.size(), Drawn().size());
     }
 
+    void theInformationAndHelpDiscsCarryAWhiteMark() {
+        for (QStyle::StandardPixmap kind :
+             {QStyle::SP_FileDialogInfoView, QStyle::SP_DialogHelpButton}) {
+            const QImage image = ToolbarPictures::For(qApp->style(), kind)
+                                     .toImage()
+                                     .convertToFormat(QImage::Format_ARGB32);
+            int white = 0;
+            for (int y = 3; y < 13; ++y)
+                white += qGray(image.pixel(8, y)) > 200 ? 1 : 0;
+            QVERIFY2(white >= 4, qPrintable(QString::number(kind)));
+            QCOMPARE(image.pixelColor(3, 8).blue() > 150, true); // the disc around it is blue
+        }
+    }
+
     void aKindNotDrawnComesFromTheStyle() {
         const QPixmap picture = ToolbarPictures::For(qApp->style(), QStyle::SP_DirHomeIcon);
         QCOMPARE(picture.toImage(),
