@@ -68,6 +68,22 @@ qint64 ReadDataVersion(sqlite3* connection) {
     return version;
 }
 
+// The holds of DatabaseStampHeld now living, and the reading of data_version they share.
+int g_stampHolds = 0;
+sqlite3* g_heldConnection = nullptr;
+qint64 g_heldDataVersion = -1;
+
+qint64 DataVersionHeldOrRead(sqlite3* connection) {
+    if (g_stampHolds > 0 && g_heldConnection == connection)
+        return g_heldDataVersion;
+    const qint64 version = ReadDataVersion(connection);
+    if (g_stampHolds > 0 && version >= 0) {
+        g_heldConnection = connection;
+        g_heldDataVersion = version;
+    }
+    return version;
+}
+
 void CloseAtExit() {
     DataAccess::Instance().CloseDatabase();
 }
@@ -192,6 +208,7 @@ void DataAccess::OpenConfiguredDatabase(QString& strErrorMessage) {
 
 void DataAccess::CloseDatabase() {
     FinalizeDataVersion();
+    g_heldConnection = nullptr;
     if (QSqlDatabase::contains(m_connectionName)) {
         {
             QSqlDatabase db = QSqlDatabase::database(m_connectionName, false);
@@ -289,10 +306,19 @@ QString DatabaseChangeStamp() {
         return QString();
     // data_version changes when another connection has committed; total_changes counts the
     // rows written on this one.
-    const qint64 other = ReadDataVersion(connection);
+    const qint64 other = DataVersionHeldOrRead(connection);
     return QStringLiteral("%1|%2|%3|%4")
         .arg(da.DatabasePath())
         .arg(g_filesOpened)
         .arg(sqlite3_total_changes64(connection))
         .arg(other);
+}
+
+DatabaseStampHeld::DatabaseStampHeld() {
+    ++g_stampHolds;
+}
+
+DatabaseStampHeld::~DatabaseStampHeld() {
+    if (--g_stampHolds == 0)
+        g_heldConnection = nullptr;
 }

@@ -897,6 +897,35 @@ private slots:
         QVERIFY(reopened != open);
         QCOMPARE(DatabaseChangeStamp(), reopened);
     }
+
+    void heldChangeStampWaitsForTheHoldToShowAnotherConnectionsCommit() {
+        TestDatabase db;
+        QString first, afterOther, afterOwn;
+        {
+            const DatabaseStampHeld held;
+            first = DatabaseChangeStamp();
+            {
+                QSqlDatabase other = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"),
+                                                               QStringLiteral("another program"));
+                other.setDatabaseName(db.Path());
+                QVERIFY(other.open());
+                QSqlQuery insert(other);
+                QVERIFY(insert.exec(QStringLiteral("INSERT INTO Services (ServiceName, "
+                                                   "ServiceDateCreated) VALUES ('Noon', "
+                                                   "'2026-01-04')")));
+                insert.finish();
+                other.close();
+            }
+            QSqlDatabase::removeDatabase(QStringLiteral("another program"));
+            afterOther = DatabaseChangeStamp();
+            db.AddService(QStringLiteral("Morning"));
+            afterOwn = DatabaseChangeStamp();
+        }
+        QCOMPARE(afterOther, first);
+        QVERIFY(afterOwn != first);
+        // Once the hold has ended, the other connection's commit shows.
+        QVERIFY(DatabaseChangeStamp() != afterOwn);
+    }
 };
 
 QTEST_GUILESS_MAIN(tst_DataAccess)
