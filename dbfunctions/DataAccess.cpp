@@ -33,6 +33,57 @@ const QString kConnection = QStringLiteral("corvantis_dataaccess");
 // its counts afresh.
 qint64 g_filesOpened = 0;
 
+// PRAGMA data_version, prepared once for the open connection and finalized before that
+// connection closes: it is read before every slide and at every change of item, and preparing
+// it anew each time cost more than reading it.
+struct DataVersionStatement {
+    sqlite3* connection = nullptr;
+    sqlite3_stmt* statement = nullptr;
+};
+DataVersionStatement g_dataVersion;
+
+void FinalizeDataVersion() {
+    if (g_dataVersion.statement)
+        sqlite3_finalize(g_dataVersion.statement);
+    g_dataVersion = {};
+}
+
+// The connection's data_version (it changes when another connection has committed); -1 when it
+// cannot be read.
+qint64 ReadDataVersion(sqlite3* connection) {
+    if (g_dataVersion.connection != connection) {
+        FinalizeDataVersion();
+        sqlite3_stmt* statement = nullptr;
+        if (sqlite3_prepare_v3(connection, "PRAGMA data_version", -1, SQLITE_PREPARE_PERSISTENT,
+                               &statement, nullptr) != SQLITE_OK) {
+            sqlite3_finalize(statement);
+            return -1;
+        }
+        g_dataVersion = {connection, statement};
+    }
+    const qint64 version = sqlite3_step(g_dataVersion.statement) == SQLITE_ROW
+                               ? sqlite3_column_int64(g_dataVersion.statement, 0)
+                               : -1;
+    sqlite3_reset(g_dataVersion.statement);
+    return version;
+}
+
+// The holds of DatabaseStampHeld now living, and the reading of data_version they share.
+int g_stampHolds = 0;
+sqlite3* g_heldConnection = nullptr;
+qint64 g_heldDataVersion = -1;
+
+qint64 DataVersionHeldOrRead(sqlite3* connection) {
+    if (g_stampHolds > 0 && g_heldConnection == connection)
+        return g_heldDataVersion;
+    const qint64 version = ReadDataVersion(connection);
+    if (g_stampHolds > 0 && version >= 0) {
+        g_heldConnection = connection;
+        g_heldDataVersion = version;
+    }
+    return version;
+}
+
 void CloseAtExit() {
     DataAccess::Instance().CloseDatabase();
 }
@@ -156,6 +207,8 @@ void DataAccess::OpenConfiguredDatabase(QString& strErrorMessage) {
 }
 
 void DataAccess::CloseDatabase() {
+    FinalizeDataVersion();
+    g_heldConnection = nullptr;
     if (QSqlDatabase::contains(m_connectionName)) {
         {
             QSqlDatabase db = QSqlDatabase::database(m_connectionName, false);
@@ -253,12 +306,19 @@ QString DatabaseChangeStamp() {
         return QString();
     // data_version changes when another connection has committed; total_changes counts the
     // rows written on this one.
-    QSqlQuery version(db);
-    version.exec(QStringLiteral("PRAGMA data_version"));
-    const qint64 other = version.next() ? version.value(0).toLongLong() : -1;
+    const qint64 other = DataVersionHeldOrRead(connection);
     return QStringLiteral("%1|%2|%3|%4")
         .arg(da.DatabasePath())
         .arg(g_filesOpened)
         .arg(sqlite3_total_changes64(connection))
         .arg(other);
+}
+
+DatabaseStampHeld::DatabaseStampHeld() {
+    ++g_stampHolds;
+}
+
+DatabaseStampHeld::~DatabaseStampHeld() {
+    if (--g_stampHolds == 0)
+        g_heldConnection = nullptr;
 }

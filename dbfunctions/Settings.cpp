@@ -6,11 +6,15 @@
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
+#include <QMutex>
 #include <QSaveFile>
 #include <QStandardPaths>
 #include <QStringDecoder>
 #include <QStringList>
+
+#include <optional>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -234,13 +238,50 @@ bool Settings::DeletePrivateProfileKey(const QString& section, const QString& ke
     return WriteIni(ini);
 }
 
+namespace {
+
+// The settings file as the system sees it, with the writes this program made to it: while none
+// of it differs the file holds what it held. Every write of this program replaces the file (a
+// new inode); a file rewritten in place by hand has another size or time of change.
+struct IniFileState {
+    QString path;
+    quint64 writes = 0;
+    bool exists = false;
+    quint64 device = 0;
+    quint64 inode = 0;
+    qint64 size = -1;
+    qint64 changedNs = 0;
+
+    bool operator==(const IniFileState&) const = default;
+};
+
+// One stat of the file: what a trace line pays to know the data folder still holds.
+IniFileState IniFileStateNow() {
+    IniFileState state;
+    state.path = Settings::IniPath();
+    state.writes = g_writes;
+    struct stat info;
+    if (::stat(QFile::encodeName(state.path).constData(), &info) == 0) {
+        state.exists = true;
+        state.device = info.st_dev;
+        state.inode = info.st_ino;
+        state.size = info.st_size;
+        state.changedNs = qint64(info.st_mtim.tv_sec) * 1000000000 + info.st_mtim.tv_nsec;
+    }
+    return state;
+}
+
+} // namespace
+
 QString SettingsChangeStamp() {
-    const QFileInfo file(Settings::IniPath());
-    return QStringLiteral("%1|%2|%3|%4")
-        .arg(file.filePath())
-        .arg(g_writes)
-        .arg(file.exists() ? file.size() : -1)
-        .arg(file.exists() ? file.lastModified().toMSecsSinceEpoch() : 0);
+    const IniFileState state = IniFileStateNow();
+    return QStringLiteral("%1|%2|%3|%4|%5|%6")
+        .arg(state.path)
+        .arg(state.writes)
+        .arg(state.size)
+        .arg(state.changedNs)
+        .arg(state.device)
+        .arg(state.inode);
 }
 
 QString Settings::IniFolder() {
@@ -258,22 +299,25 @@ QString Settings::IniPath() {
 QString Settings::DataFolder() {
     // Every trace line asks for it: the file is read again only when it has changed (or the
     // user's folders are others).
-    static QString keptStamp, keptFolder;
-    const QString stamp = SettingsChangeStamp() + QLatin1Char('|') +
-                          QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    if (stamp == keptStamp)
+    static QMutex keptLock;
+    static std::optional<IniFileState> keptState;
+    static QString keptDataHome, keptFolder;
+    const QMutexLocker lock(&keptLock);
+    IniFileState state = IniFileStateNow();
+    QString dataHome = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    if (keptState && state == *keptState && dataHome == keptDataHome)
         return keptFolder;
     QString folder = GetPrivateProfileString(QStringLiteral("Paths"), QStringLiteral("Data"));
     if (folder.isEmpty())
-        folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
-                 QStringLiteral("/Corvantis");
+        folder = dataHome + QStringLiteral("/Corvantis");
     folder = QDir::fromNativeSeparators(folder);
     // The key may name the database file itself rather than its folder.
     if (folder.endsWith(QStringLiteral(".pdb"), Qt::CaseInsensitive))
         folder = folder.left(folder.lastIndexOf(QLatin1Char('/')));
     while (folder.size() > 1 && folder.endsWith(QLatin1Char('/')))
         folder.chop(1);
-    keptStamp = stamp;
+    keptState = std::move(state);
+    keptDataHome = std::move(dataHome);
     keptFolder = folder;
     return folder;
 }

@@ -18,6 +18,7 @@
 #include <QPointer>
 #include <QProcess>
 #include <QPushButton>
+#include <QRegion>
 #include <QScreen>
 #include <QStyle>
 #include <QUrl>
@@ -474,6 +475,38 @@ qint32 Platform::GetSystemMetrics(qint32 nIndex) {
     }
 }
 
+namespace {
+
+// On the offscreen platform the grab of any screen draws every window that meets the area, in
+// the desktop's coordinates, whichever screen it lies on. An area over several screens or past
+// the desktop's edge (the console's mirror of a projector on the right reaches one column past
+// it) is therefore one grab of the whole area, made black where no screen lies: one copy of the
+// windows' pictures, as for an area within one screen. A null picture when the grab is not a
+// plain picture of the area.
+QPixmap GrabInDesktopCoordinates(const QRect& rcArea) {
+    QScreen* meeting = nullptr;
+    QRegion outside(rcArea);
+    for (QScreen* screen : QGuiApplication::screens()) {
+        if (!meeting && screen->geometry().intersects(rcArea))
+            meeting = screen;
+        outside -= screen->geometry();
+    }
+    if (!meeting)
+        return QPixmap();
+    QPixmap picture =
+        meeting->grabWindow(0, rcArea.x(), rcArea.y(), rcArea.width(), rcArea.height());
+    if (picture.size() != rcArea.size() || picture.hasAlphaChannel())
+        return QPixmap();
+    if (!outside.isEmpty()) {
+        QPainter painter(&picture);
+        for (const QRect& part : outside)
+            painter.fillRect(part.translated(-rcArea.topLeft()), Qt::black);
+    }
+    return picture;
+}
+
+} // namespace
+
 QPixmap Platform::GrabDesktop(const QRect& rcArea) {
     if (rcArea.isEmpty())
         return QPixmap();
@@ -498,6 +531,11 @@ QPixmap Platform::GrabDesktop(const QRect& rcArea) {
             painter.drawPixmap(QRect(QPoint(0, 0), rcArea.size()), grabbed);
         }
         return picture;
+    }
+    if (global) {
+        QPixmap whole = GrabInDesktopCoordinates(rcArea);
+        if (!whole.isNull())
+            return whole;
     }
     QPixmap picture(rcArea.size());
     picture.fill(Qt::black);

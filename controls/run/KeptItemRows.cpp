@@ -35,11 +35,56 @@ QString KeptItemRows::TypeName(qint16 intTypeID, QString& strErrorMessage) {
     return strTypeName;
 }
 
+bool KeptItemRows::HasVerses(qint32 lngSIID, QString& strErrorMessage) {
+    DropWhenChanged();
+    const auto kept = m_hasVerses.constFind(lngSIID);
+    if (kept != m_hasVerses.constEnd()) {
+        strErrorMessage.clear();
+        return kept.value();
+    }
+    bool blnHasVerses = false;
+    DataAccess::Instance().ServiceItemHasVerses(lngSIID, strErrorMessage, blnHasVerses);
+    if (strErrorMessage.isEmpty())
+        m_hasVerses.insert(lngSIID, blnHasVerses);
+    return blnHasVerses;
+}
+
+std::shared_ptr<const KeptItemRows::SongParts> KeptItemRows::Sequence(qint32 lngSIID) {
+    DropWhenChanged();
+    const auto kept = m_sequences.constFind(lngSIID);
+    if (kept != m_sequences.constEnd())
+        return kept.value();
+    DataAccess& da = DataAccess::Instance();
+    QString strErrorMessage;
+    std::unique_ptr<Recordset> rs;
+    da.GetSongSequence(lngSIID, strErrorMessage, rs);
+    if (!rs)
+        return nullptr;
+    auto parts = std::make_shared<SongParts>();
+    bool blnWhole = strErrorMessage.isEmpty();
+    for (rs->MoveFirst(); !rs->Eof(); rs->MoveNext()) {
+        SongPart part;
+        const QVariant varChorus = rs->Fields(QStringLiteral("IsChorus"));
+        part.blnIsChorus = !varChorus.isNull() && VB::CBool(varChorus);
+        part.strName = VB::Text(rs->Fields(QStringLiteral("VerseName")));
+        part.varVerseID = rs->Fields(QStringLiteral("Verses.VerseID"));
+        QString strFirstLineError;
+        da.GetVerseFirstLine(VB::CLng(part.varVerseID), strFirstLineError, part.strFirstLine);
+        blnWhole = blnWhole && strFirstLineError.isEmpty();
+        parts->append(part);
+    }
+    if (blnWhole)
+        m_sequences.insert(lngSIID, parts);
+    return parts;
+}
+
 void KeptItemRows::DropWhenChanged() {
     const QString strStamp = DatabaseChangeStamp();
     if (strStamp == m_strStamp)
         return;
     m_rows.clear();
     m_typeNames.clear();
+    m_hasVerses.clear();
+    m_sequences.clear();
     m_strStamp = strStamp;
 }

@@ -3,6 +3,7 @@
 #include "run/ctlRun.h"
 #include "run/ctlRunMember.h"
 
+#include "ChangeStamps.h"
 #include "foundations/KeyCodes.h"
 #include "foundations/Platform.h"
 #include "foundations/SSRibbon.h"
@@ -57,11 +58,15 @@ void ctlRun::cmdBack_Click() {
 // has painted what it now shows; the press grabs the mirror itself once the event has returned
 // and messages have been pumped. A refresh asked for during the event is left to that grab, so
 // that a press costs one grab of the projector, not two. Should the event fail, a refresh that
-// was asked for is made before the failure goes on.
+// was asked for is made before the failure goes on. While the host answers, the database's
+// change stamp is read once for all who ask (the look of the slide, the rows of the item).
 void ctlRun::NavigationPress(QPushButton* cmd, const std::function<void()>& raise) {
     ++m_intPressEvents;
     try {
-        WhileDisabled(cmd, raise);
+        WhileDisabled(cmd, [&] {
+            const DatabaseStampHeld held;
+            raise();
+        });
     } catch (...) {
         if (--m_intPressEvents == 0 && m_blnMirrorAskedInPress)
             GrabMirror();

@@ -148,10 +148,8 @@ bool ctlRun::ShowSIContent(const Recordset& rs, qint32 lngSIID, qint16 intType,
         PlayMusic(lngSIID, strMusicError);
         return strMusicError.isEmpty();
     }
-    DataAccess& da = DataAccess::Instance();
     QString strErrorMessage;
-    bool blnHasVerses = false;
-    da.ServiceItemHasVerses(lngSIID, strErrorMessage, blnHasVerses);
+    const bool blnHasVerses = m_itemRows.HasVerses(lngSIID, strErrorMessage);
     // The answer is tested before the error text: an error with the answer
     // False goes by, and the item is shown as text.
     if (!blnHasVerses) {

@@ -7,7 +7,7 @@
 #include "run/ctlRun.h"
 #include "run/ctlRunMember.h"
 
-#include "DataAccess.h"
+#include "Recordset.h"
 #include "TraceLog.h"
 #include "foundations/Platform.h"
 #include "foundations/Twips.h"
@@ -67,26 +67,19 @@ void ctlRun::FillSongList(VBTreeWidget* lvw, qint32 lngSIID) {
     lvw->AddColumnHeader(QString(), QStringLiteral("First Line"),
                          Twips::FromPixels(lvwSIContent->width()) - 1100);
 
-    DataAccess& da = DataAccess::Instance();
-    QString strErrorMessage;
-    std::unique_ptr<Recordset> rs;
-    da.GetSongSequence(lngSIID, strErrorMessage, rs);
-    if (!HasRows(rs.get()))
+    // The parts are kept with the item's row; the first line's error text is not read, a
+    // failure leaves the cell empty.
+    const std::shared_ptr<const KeptItemRows::SongParts> parts = m_itemRows.Sequence(lngSIID);
+    if (!parts)
+        throw VBError(VBErr::ObjectNotSet);
+    if (parts->isEmpty())
         return;
-    while (!rs->Eof()) {
-        const QVariant varChorus = rs->Fields(QStringLiteral("IsChorus"));
-        const bool blnIsChorus = !varChorus.isNull() && VB::CBool(varChorus);
-        VBNode item =
-            lvw->AddItem(QString(), VB::Text(rs->Fields(QStringLiteral("VerseName"))), QVariant(),
-                         blnIsChorus ? QStringLiteral("imgChorus") : QStringLiteral("imgVerse"));
-        const QVariant varVerseID = rs->Fields(QStringLiteral("Verses.VerseID"));
-        // The first line's error text is not read: a failure leaves the cell empty.
-        QString strFirstLineError;
-        QString strFirstLine;
-        da.GetVerseFirstLine(VB::CLng(varVerseID), strFirstLineError, strFirstLine);
-        item.setSubItems(1, strFirstLine);
-        item.setTag(varVerseID);
-        rs->MoveNext();
+    for (const KeptItemRows::SongPart& part : *parts) {
+        VBNode item = lvw->AddItem(QString(), part.strName, QVariant(),
+                                   part.blnIsChorus ? QStringLiteral("imgChorus")
+                                                    : QStringLiteral("imgVerse"));
+        item.setSubItems(1, part.strFirstLine);
+        item.setTag(part.varVerseID);
     }
     VBNode first = lvw->ListItems(1);
     first.setBold(true);

@@ -1,9 +1,12 @@
 // DataAccess operations on a fresh database: every read and write, with the rows they leave.
 
+#include "ChangeStamps.h"
 #include "DataAccess.h"
 #include "TestDatabase.h"
 
 #include <QFile>
+#include <QSqlDatabase>
+#include <QSqlQuery>
 #include <QtTest>
 
 class tst_DataAccess : public QObject {
@@ -847,6 +850,81 @@ private slots:
         QFile trace(qEnvironmentVariable("CORVANTIS_TRACE"));
         QVERIFY(trace.open(QIODevice::ReadOnly));
         QVERIFY(QString::fromUtf8(trace.readAll()).contains("ERROR: " + error));
+    }
+
+    void changeStampStaysUntilARowIsWrittenHereOrElsewhere() {
+        TestDatabase db;
+        const QString before = DatabaseChangeStamp();
+        QVERIFY(!before.isEmpty());
+        QCOMPARE(DatabaseChangeStamp(), before);
+
+        db.AddService(QStringLiteral("Morning"));
+        const QString afterOwnWrite = DatabaseChangeStamp();
+        QVERIFY(afterOwnWrite != before);
+        QCOMPARE(DatabaseChangeStamp(), afterOwnWrite);
+
+        {
+            QSqlDatabase other = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"),
+                                                           QStringLiteral("another program"));
+            other.setDatabaseName(db.Path());
+            QVERIFY(other.open());
+            QSqlQuery insert(other);
+            QVERIFY(
+                insert.exec(QStringLiteral("INSERT INTO Services (ServiceName, ServiceDateCreated) "
+                                           "VALUES ('Evening', '2026-01-04')")));
+            insert.finish();
+            other.close();
+        }
+        QSqlDatabase::removeDatabase(QStringLiteral("another program"));
+        QVERIFY(DatabaseChangeStamp() != afterOwnWrite);
+    }
+
+    // The stamp's statement is kept between reads; closing the database still closes the file
+    // (its write-ahead log goes with the last connection) and the file opened again has a new
+    // stamp.
+    void changeStampReadLeavesTheDatabaseFreeToClose() {
+        TestDatabase db;
+        const QString open = DatabaseChangeStamp();
+        const QString path = db.Path();
+        da().CloseDatabase();
+        QVERIFY(DatabaseChangeStamp().isEmpty());
+        QVERIFY(!QFile::exists(path + QStringLiteral("-wal")));
+        QString error;
+        da().OpenDatabase(path, error);
+        QVERIFY2(error.isEmpty(), qPrintable(error));
+        const QString reopened = DatabaseChangeStamp();
+        QVERIFY(!reopened.isEmpty());
+        QVERIFY(reopened != open);
+        QCOMPARE(DatabaseChangeStamp(), reopened);
+    }
+
+    void heldChangeStampWaitsForTheHoldToShowAnotherConnectionsCommit() {
+        TestDatabase db;
+        QString first, afterOther, afterOwn;
+        {
+            const DatabaseStampHeld held;
+            first = DatabaseChangeStamp();
+            {
+                QSqlDatabase other = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"),
+                                                               QStringLiteral("another program"));
+                other.setDatabaseName(db.Path());
+                QVERIFY(other.open());
+                QSqlQuery insert(other);
+                QVERIFY(insert.exec(QStringLiteral("INSERT INTO Services (ServiceName, "
+                                                   "ServiceDateCreated) VALUES ('Noon', "
+                                                   "'2026-01-04')")));
+                insert.finish();
+                other.close();
+            }
+            QSqlDatabase::removeDatabase(QStringLiteral("another program"));
+            afterOther = DatabaseChangeStamp();
+            db.AddService(QStringLiteral("Morning"));
+            afterOwn = DatabaseChangeStamp();
+        }
+        QCOMPARE(afterOther, first);
+        QVERIFY(afterOwn != first);
+        // Once the hold has ended, the other connection's commit shows.
+        QVERIFY(DatabaseChangeStamp() != afterOwn);
     }
 };
 

@@ -3,9 +3,12 @@
 #include "Settings.h"
 #include "TraceLog.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include <cstdio>
 
 namespace {
 QString ReadFile(const QString& path) {
@@ -21,16 +24,21 @@ class tst_TraceLog : public QObject {
 
     QTemporaryDir m_dir;
     QString m_saved;
+    QString m_savedIniDir;
 
 private slots:
     void init() {
         m_saved = qEnvironmentVariable("CORVANTIS_TRACE");
+        m_savedIniDir = qEnvironmentVariable("CORVANTIS_INI_DIR");
         qputenv("CORVANTIS_TRACE", (m_dir.path() + "/Test.trace").toUtf8());
         QFile::remove(m_dir.path() + "/Test.trace");
         QFile::remove(m_dir.path() + "/Test.trace.1");
         TraceLog::Instance().SetMaximumSize(5 * 1024 * 1024);
     }
-    void cleanup() { qputenv("CORVANTIS_TRACE", m_saved.toUtf8()); }
+    void cleanup() {
+        qputenv("CORVANTIS_TRACE", m_saved.toUtf8());
+        qputenv("CORVANTIS_INI_DIR", m_savedIniDir.toUtf8());
+    }
 
     void traceLineIsWrittenAsItIs() {
         const QString line =
@@ -109,6 +117,47 @@ private slots:
     void withoutTheVariableTheFileIsInTheDataFolder() {
         qunsetenv("CORVANTIS_TRACE");
         QCOMPARE(TraceLog::Instance().FilePath(), Settings::DataFolder() + "/Corvantis.trace");
+    }
+
+    // The data folder is kept between lines; each way the settings file can change still moves
+    // the next line: this program's own write, the file rewritten in place by hand, and the
+    // file replaced by another program with one of the same size.
+    void changedDataFolderSettingMovesTheNextTraceLine() {
+        qputenv("CORVANTIS_INI_DIR", m_dir.path().toUtf8());
+        qunsetenv("CORVANTIS_TRACE");
+        const QString ini = Settings::IniPath();
+        const QStringList folders = {m_dir.path() + "/a", m_dir.path() + "/b", m_dir.path() + "/cc",
+                                     m_dir.path() + "/dd"};
+        for (const QString& folder : folders)
+            QVERIFY(QDir().mkpath(folder));
+        const auto lineIn = [](const QString& folder) {
+            return ReadFile(folder + "/Corvantis.trace");
+        };
+
+        QVERIFY(Settings::WritePrivateProfileString("Paths", "Data", folders[0]));
+        TraceLog::Instance().WriteTraceLine("first");
+        QVERIFY(Settings::WritePrivateProfileString("Paths", "Data", folders[1]));
+        TraceLog::Instance().WriteTraceLine("second");
+        {
+            QFile file(ini);
+            QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+            file.write(("[Paths]\nData=" + folders[2] + "\n").toUtf8());
+        }
+        TraceLog::Instance().WriteTraceLine("third");
+        {
+            QFile file(ini + ".new");
+            QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+            file.write(("[Paths]\nData=" + folders[3] + "\n").toUtf8());
+            file.close();
+            QVERIFY(::rename(QFile::encodeName(ini + ".new").constData(),
+                             QFile::encodeName(ini).constData()) == 0);
+        }
+        TraceLog::Instance().WriteTraceLine("fourth");
+
+        QCOMPARE(lineIn(folders[0]), QString("first\n"));
+        QCOMPARE(lineIn(folders[1]), QString("second\n"));
+        QCOMPARE(lineIn(folders[2]), QString("third\n"));
+        QCOMPARE(lineIn(folders[3]), QString("fourth\n"));
     }
 
     void unwritableFileLosesTheLineAndNothingElse() {

@@ -112,6 +112,7 @@ private slots:
     void grabDesktopPicturesWhatIsOnTheScreens();
     void grabWithinOneScreenPicturesThatScreensArea();
     void grabReachingPastTheDesktopIsBlackBeyondItsEdge();
+    void grabOverTwoScreensIsBlackWhereNoScreenLies();
 
 private:
     QTemporaryDir m_dir;
@@ -424,6 +425,33 @@ void tst_Platform::grabReachingPastTheDesktopIsBlackBeyondItsEdge() {
     QCOMPARE(QColor(picture.pixel(144, 60)), QColor(Qt::black));
     QCOMPARE(QColor(picture.pixel(299, 199)), QColor(Qt::black));
     QVERIFY(QColor(picture.pixel(49, 49)) != QColor(Qt::green));
+}
+
+void tst_Platform::grabOverTwoScreensIsBlackWhereNoScreenLies() {
+    // A window on the first screen that hangs below it, where the taller second screen
+    // goes on beside nothing.
+    QWidget yellow;
+    ShowColouredWindow(yellow, Qt::yellow, QRect(950, 720, 40, 100));
+    QVERIFY(QTest::qWaitForWindowExposed(&yellow));
+    QCOMPARE(yellow.geometry(), QRect(950, 720, 40, 100));
+    QWidget blue;
+    ShowColouredWindow(blue, Qt::blue, QRect(1050, 780, 60, 60));
+    QVERIFY(QTest::qWaitForWindowExposed(&blue));
+    const QRect area(900, 700, 300, 200);
+    QImage picture;
+    QTRY_VERIFY((picture = Platform::Current().GrabDesktop(area).toImage(),
+                 QColor(picture.pixel(60, 40)) == QColor(Qt::yellow) &&
+                     QColor(picture.pixel(170, 100)) == QColor(Qt::blue)));
+    QCOMPARE(picture.size(), QSize(300, 200));
+    QCOMPARE(QColor(picture.pixel(60, 67)), QColor(Qt::yellow));
+    // Below the first screen: black, the window's part there included.
+    QCOMPARE(QColor(picture.pixel(60, 68)), QColor(Qt::black));
+    QCOMPARE(QColor(picture.pixel(60, 110)), QColor(Qt::black));
+    QCOMPARE(QColor(picture.pixel(0, 199)), QColor(Qt::black));
+    QCOMPARE(QColor(picture.pixel(123, 199)), QColor(Qt::black));
+    // The second screen goes on below the first's edge: its window there shows.
+    QCOMPARE(QColor(picture.pixel(150, 80)), QColor(Qt::blue));
+    QCOMPARE(QColor(picture.pixel(209, 139)), QColor(Qt::blue));
 }
 
 int main(int argc, char** argv) {

@@ -1,5 +1,6 @@
 // Loading a service into the run console, and showing an item as running.
 #include "RunConsoleFixture.h"
+#include "RunTestHost.h"
 #include "VBErrorCheck.h"
 
 #include "foundations/SSTab.h"
@@ -77,6 +78,7 @@ private slots:
     void itemChangedThroughAnotherConnectionShowsWhenShownAgain();
     void typeRenamedAfterItWasShownShowsItsNewName();
     void itemDeletedAfterItWasShownIsUnknownWhenShownAgain();
+    void itemChangedByAnotherConnectionBetweenPressesShowsAtTheNextPress();
 
 private:
     qint32 AddAmazingGrace();
@@ -838,6 +840,40 @@ void tst_ctlRun_Load::itemDeletedAfterItWasShownIsUnknownWhenShownAgain() {
     QVERIFY(console->lvwSIContent->isHidden());
     QCOMPARE(console->cmdForward->toolTip(), QStringLiteral("&Finish this Service Item"));
     QCOMPARE(platform->BoxCount(), 0);
+}
+
+// A press reads the database's stamp once for all its steps; the next press reads it again.
+void tst_ctlRun_Load::itemChangedByAnotherConnectionBetweenPressesShowsAtTheNextPress() {
+    const qint32 prayer = AddPrayer();
+    const qint32 collect =
+        db->AddServiceItem(TestDatabase::Prayer, QStringLiteral("Collect for Purity"));
+    RunTestHost host(console.get());
+    QVERIFY2(host.LoadService(
+                 db->AddService(QStringLiteral("Morning"), {{prayer}, {collect}, {prayer}})),
+             qPrintable(host.LastError()));
+    QCOMPARE(console->lblSIDescription->text(), QStringLiteral("Prayer of St Francis"));
+    console->cmdForward->click();
+    QCOMPARE(console->lblSIDescription->text(), QStringLiteral("Collect for Purity"));
+    {
+        QSqlDatabase other =
+            QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("another program"));
+        other.setDatabaseName(db->Path());
+        QVERIFY(other.open());
+        QSqlQuery update(other);
+        QVERIFY(update.prepare(QStringLiteral(
+            "UPDATE ServiceItems SET ServiceItemDescription = ? WHERE ServiceItemID = ?")));
+        update.addBindValue(QStringLiteral("Prayer of Columba"));
+        update.addBindValue(prayer);
+        QVERIFY(update.exec());
+        update.finish();
+        other.close();
+    }
+    QSqlDatabase::removeDatabase(QStringLiteral("another program"));
+
+    console->cmdForward->click();
+
+    QCOMPARE(host.CurrentItem(), qint16(3));
+    QCOMPARE(console->lblSIDescription->text(), QStringLiteral("Prayer of Columba"));
 }
 
 QTEST_MAIN(tst_ctlRun_Load)

@@ -11,7 +11,9 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QSqlDatabase>
 #include <QSqlDriver>
+#include <QSqlQuery>
 #include <QtTest>
 
 #include <dlfcn.h>
@@ -84,6 +86,12 @@ private slots:
     void setupSongFailureShowsTheErrorBoxWithItsPrefix();
     void failingFirstLineLeavesAnEmptyCellWithoutAMessage();
 
+    void songShownAgainUnchangedShowsItsPartsWithoutReadingThemAgain();
+    void partChangedByAnotherConnectionShowsWhenTheSongIsShownAgain();
+    void partAddedAndOrderChangedByAnotherConnectionShowWhenTheSongIsShownAgain();
+    void partChangedByThisProgramShowsWhenTheSongIsShownAgain();
+    void itemGivenPartsByAnotherConnectionShowsItsListWhenShownAgain();
+
     void siPartChangedThreeBoldsTheThirdRowAndAClickOnItCarriesTwo();
     void siPartChangedSelectsTheRowAndShowsTheList();
     void siPartChangedOfAnotherTypeMovesNoRowAndResetsTheToolTip();
@@ -94,6 +102,9 @@ private slots:
 
 private:
     void ClickRow(VBTreeWidget* lvw, qint32 lngRow);
+    // Runs one statement through a connection of its own, as another program would.
+    bool ExecElsewhere(const QString& sql, const QVariantList& params);
+    QStringList Column(qint32 lngColumn) const;
 
     qint32 song = 0;
     qint32 prayer = 0;
@@ -123,6 +134,35 @@ void tst_ctlRun_SongSequence::ClickRow(VBTreeWidget* lvw, qint32 lngRow) {
     QTreeWidgetItem* item = lvw->ListItems(lngRow).Item();
     lvw->scrollToItem(item);
     QTest::mouseClick(lvw->viewport(), Qt::LeftButton, {}, lvw->visualItemRect(item).center());
+}
+
+bool tst_ctlRun_SongSequence::ExecElsewhere(const QString& sql, const QVariantList& params) {
+    bool ok = false;
+    {
+        QSqlDatabase other =
+            QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("another program"));
+        other.setDatabaseName(db->Path());
+        if (other.open()) {
+            QSqlQuery query(other);
+            ok = query.prepare(sql);
+            for (const QVariant& param : params)
+                query.addBindValue(param);
+            ok = ok && query.exec();
+            query.finish();
+            other.close();
+        }
+    }
+    QSqlDatabase::removeDatabase(QStringLiteral("another program"));
+    return ok;
+}
+
+// The texts of one column of the main part list, top to bottom.
+QStringList tst_ctlRun_SongSequence::Column(qint32 lngColumn) const {
+    QStringList texts;
+    const VBTreeWidget* lvw = console->lvwSIContent;
+    for (qint32 i = 1; i <= lvw->topLevelItemCount(); ++i)
+        texts << (lngColumn == 0 ? lvw->ListItems(i).Text() : lvw->ListItems(i).SubItems(1));
+    return texts;
 }
 
 // ---------------------------------------------------------------- the list
@@ -267,6 +307,91 @@ void tst_ctlRun_SongSequence::failingFirstLineLeavesAnEmptyCellWithoutAMessage()
     QVERIFY(trace.ConsoleLines()
                 .filter(QRegularExpression(QStringLiteral("^ERROR: QVLTCONTROLS")))
                 .isEmpty());
+}
+
+// ---------------------------------------------------------------- shown again
+
+void tst_ctlRun_SongSequence::songShownAgainUnchangedShowsItsPartsWithoutReadingThemAgain() {
+    QVERIFY(LoadService({{song}}));
+    QCOMPARE(Column(0), QStringList({"Verse 1", "Chorus", "Verse 2", "Chorus"}));
+    {
+        RefusedRead refused("SongSequence", nullptr);
+        if (!refused.IsActive())
+            QSKIP("The SQLite library of the database driver cannot be reached from the test, "
+                  "so no read can be made to fail.");
+        console->ShowServiceSIAsRunning(1, 0, 0);
+    }
+    QCOMPARE(platform->BoxCount(), 0);
+    QCOMPARE(Column(0), QStringList({"Verse 1", "Chorus", "Verse 2", "Chorus"}));
+    QCOMPARE(Column(1),
+             QStringList({"Amazing grace, how sweet the sound", "My chains are gone",
+                          "Through many dangers, toils and snares", "My chains are gone"}));
+    QVERIFY(!console->lvwSIContent->isHidden());
+}
+
+void tst_ctlRun_SongSequence::partChangedByAnotherConnectionShowsWhenTheSongIsShownAgain() {
+    QVERIFY(LoadService({{song}}));
+    QCOMPARE(Column(1).first(), QStringLiteral("Amazing grace, how sweet the sound"));
+    QVERIFY(ExecElsewhere(
+        QStringLiteral("UPDATE Verses SET VerseName = ?, VerseText = ? WHERE VerseID = ?"),
+        {QStringLiteral("Stanza 1"), QStringLiteral("Amazing love\nhow can it be"), verses[0]}));
+
+    console->ShowServiceSIAsRunning(1, 0, 0);
+
+    QCOMPARE(Column(0), QStringList({"Stanza 1", "Chorus", "Verse 2", "Chorus"}));
+    QCOMPARE(Column(1).first(), QStringLiteral("Amazing love"));
+}
+
+void tst_ctlRun_SongSequence::
+    partAddedAndOrderChangedByAnotherConnectionShowWhenTheSongIsShownAgain() {
+    QVERIFY(LoadService({{song}}));
+    QCOMPARE(Column(0), QStringList({"Verse 1", "Chorus", "Verse 2", "Chorus"}));
+    QVERIFY(ExecElsewhere(
+        QStringLiteral("UPDATE SongSequence SET Position = 10 - Position WHERE ServiceItemID = ?"),
+        {song}));
+    QVERIFY(
+        ExecElsewhere(QStringLiteral("INSERT INTO Verses (ServiceItemID, VerseName, VerseText, "
+                                     "IsChorus) VALUES (?, ?, ?, 0)"),
+                      {song, QStringLiteral("Verse 3"), QStringLiteral("When we've been there")}));
+    QVERIFY(
+        ExecElsewhere(QStringLiteral("INSERT INTO SongSequence (ServiceItemID, Position, VerseID) "
+                                     "SELECT ?, 99, max(VerseID) FROM Verses"),
+                      {song}));
+
+    console->ShowServiceSIAsRunning(1, 0, 0);
+
+    QCOMPARE(Column(0), QStringList({"Chorus", "Verse 2", "Chorus", "Verse 1", "Verse 3"}));
+    QCOMPARE(Column(1).last(), QStringLiteral("When we've been there"));
+}
+
+void tst_ctlRun_SongSequence::partChangedByThisProgramShowsWhenTheSongIsShownAgain() {
+    QVERIFY(LoadService({{song}}));
+    QVERIFY(
+        db->Exec(QStringLiteral("UPDATE Verses SET VerseName = ?, VerseText = ? WHERE VerseID = ?"),
+                 {QStringLiteral("Refrain"), QStringLiteral("O happy day"), verses[2]}));
+
+    console->ShowServiceSIAsRunning(1, 0, 0);
+
+    QCOMPARE(Column(0), QStringList({"Verse 1", "Refrain", "Verse 2", "Refrain"}));
+    QCOMPARE(Column(1)[1], QStringLiteral("O happy day"));
+}
+
+void tst_ctlRun_SongSequence::itemGivenPartsByAnotherConnectionShowsItsListWhenShownAgain() {
+    QVERIFY(LoadService({{prayer}}));
+    QVERIFY(console->lvwSIContent->isHidden());
+    QVERIFY(ExecElsewhere(QStringLiteral("INSERT INTO Verses (ServiceItemID, VerseName, VerseText, "
+                                         "IsChorus) VALUES (?, ?, ?, 0)"),
+                          {prayer, QStringLiteral("Collect"), QStringLiteral("Almighty God")}));
+    QVERIFY(
+        ExecElsewhere(QStringLiteral("INSERT INTO SongSequence (ServiceItemID, Position, VerseID) "
+                                     "SELECT ?, 0, max(VerseID) FROM Verses"),
+                      {prayer}));
+
+    console->ShowServiceSIAsRunning(1, 0, 0);
+
+    QVERIFY(!console->lvwSIContent->isHidden());
+    QCOMPARE(Column(0), QStringList({"Collect"}));
+    QCOMPARE(Column(1), QStringList({"Almighty God"}));
 }
 
 // ---------------------------------------------------------------- marking
