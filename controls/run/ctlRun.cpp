@@ -148,6 +148,10 @@ void ctlRun::CreateWidgets() {
                          QStringLiteral("fraOverview"), 120, 120, 4080, 6600);
     tvwRun = Placed(new VBTreeWidget(fraOverview), QStringLiteral("tvwRun"), 120, 300, 3840, 6200);
     tvwRun->setImageList(imlServiceItems);
+    // Every row is one line with a picture (a Blank's row has room for one): all rows take the
+    // height of the first, so that making the running item bold or plain again at each change
+    // of item doesn't measure its row anew.
+    tvwRun->setUniformRowHeights(true);
 
     fraMain = Placed(new QGroupBox(QStringLiteral("Showing Now"), page), QStringLiteral("fraMain"),
                      4320, 120, 4365, 4560);

@@ -28,6 +28,7 @@ private slots:
     void nodeKeysCountHiddenRowsAndTagsHoldTheItemIds();
     void rootIsKeyedRootWithTheServiceDescriptionAndTheOpenFolder();
     void blankRowHasNoPictureAndOtherRowsTheirTypePicture();
+    void blankRowIsAsTallAsTheRowsWithAPictureBoldOrPlain();
     void storedApostropheMarkerIsDecodedInTheNodeText();
     void loadShowsTheFirstItemBoldAndSelectedWithoutAnEvent();
     void readingRunningServiceRightAfterWritingItYieldsZero();
@@ -185,6 +186,21 @@ void tst_ctlRun_Load::blankRowHasNoPictureAndOtherRowsTheirTypePicture() {
     const VBNode item = console->tvwRun->Nodes(QStringLiteral("2SIID"));
     QCOMPARE(item.Image().toInt(), static_cast<int>(TestDatabase::Prayer));
     QVERIFY(!item.Item()->icon(0).isNull());
+}
+
+void tst_ctlRun_Load::blankRowIsAsTallAsTheRowsWithAPictureBoldOrPlain() {
+    const qint32 service = db->AddService(
+        QStringLiteral("Morning"), {{AddPrayer()}, TestDatabase::Blank(), {AddAmazingGrace()}});
+    console->setRunningService(service);
+    console->ShowServiceSIAsRunning(3, 0, 0); // the song, made bold
+
+    const VBTreeWidget* tree = console->tvwRun;
+    const int height = tree->visualItemRect(tree->Nodes(QStringLiteral("1SIID")).Item()).height();
+    QVERIFY(height > 0);
+    QVERIFY(tree->Nodes(QStringLiteral("3SIID")).Bold());
+    for (const char* key : {"2SIID", "3SIID"})
+        QCOMPARE(tree->visualItemRect(tree->Nodes(QString::fromLatin1(key)).Item()).height(),
+                 height);
 }
 
 void tst_ctlRun_Load::storedApostropheMarkerIsDecodedInTheNodeText() {
