@@ -17,6 +17,8 @@
 
 #include <sqlite3.h>
 
+#include <atomic>
+
 // Opening and closing the database file, the folders, and the engine's transaction.
 // The schema and its upgrades are in DataAccess_Schema.cpp.
 
@@ -70,6 +72,8 @@ qint64 ReadDataVersion(sqlite3* connection) {
 
 // The holds of DatabaseStampHeld now living, and the reading of data_version they share.
 int g_stampHolds = 0;
+quint64 g_holdsMade = 0;
+std::atomic<quint64> g_holdNow{0}; // read by trace lines of any thread
 sqlite3* g_heldConnection = nullptr;
 qint64 g_heldDataVersion = -1;
 
@@ -315,10 +319,17 @@ QString DatabaseChangeStamp() {
 }
 
 DatabaseStampHeld::DatabaseStampHeld() {
-    ++g_stampHolds;
+    if (g_stampHolds++ == 0)
+        g_holdNow = ++g_holdsMade;
 }
 
 DatabaseStampHeld::~DatabaseStampHeld() {
-    if (--g_stampHolds == 0)
+    if (--g_stampHolds == 0) {
         g_heldConnection = nullptr;
+        g_holdNow = 0;
+    }
+}
+
+quint64 StampHoldNow() {
+    return g_holdNow.load(std::memory_order_relaxed);
 }

@@ -256,7 +256,7 @@ struct IniFileState {
 };
 
 // One stat of the file: what a trace line pays to know the data folder still holds.
-IniFileState IniFileStateNow() {
+IniFileState LookAtIniFile() {
     IniFileState state;
     state.path = Settings::IniPath();
     state.writes = g_writes;
@@ -271,17 +271,41 @@ IniFileState IniFileStateNow() {
     return state;
 }
 
+// The file as it is now; while the operator's action is answered (StampHoldNow) it is looked at
+// once, and again only after a write of this program.
+IniFileState IniFileStateNow() {
+    static QMutex lock;
+    static IniFileState seen;
+    static quint64 seenInHold = 0;
+    const quint64 hold = StampHoldNow();
+    const QMutexLocker locker(&lock);
+    if (hold == 0 || hold != seenInHold || seen.writes != g_writes) {
+        seen = LookAtIniFile();
+        seenInHold = hold;
+    }
+    return seen;
+}
+
 } // namespace
 
 QString SettingsChangeStamp() {
-    const IniFileState state = IniFileStateNow();
-    return QStringLiteral("%1|%2|%3|%4|%5|%6")
-        .arg(state.path)
-        .arg(state.writes)
-        .arg(state.size)
-        .arg(state.changedNs)
-        .arg(state.device)
-        .arg(state.inode);
+    // The look asks at every slide: the text is made again only when the file has changed.
+    static QMutex lock;
+    static std::optional<IniFileState> madeFor;
+    static QString stamp;
+    IniFileState state = IniFileStateNow();
+    const QMutexLocker locker(&lock);
+    if (!madeFor || state != *madeFor) {
+        stamp = QStringLiteral("%1|%2|%3|%4|%5|%6")
+                    .arg(state.path)
+                    .arg(state.writes)
+                    .arg(state.size)
+                    .arg(state.changedNs)
+                    .arg(state.device)
+                    .arg(state.inode);
+        madeFor = std::move(state);
+    }
+    return stamp;
 }
 
 QString Settings::IniFolder() {
@@ -299,14 +323,21 @@ QString Settings::IniPath() {
 QString Settings::DataFolder() {
     // Every trace line asks for it: the file is read again only when it has changed (or the
     // user's folders are others).
+    // While the operator's action is answered the user's folders are taken as they were.
     static QMutex keptLock;
     static std::optional<IniFileState> keptState;
     static QString keptDataHome, keptFolder;
+    static quint64 keptInHold = 0;
+    const quint64 hold = StampHoldNow();
     const QMutexLocker lock(&keptLock);
     IniFileState state = IniFileStateNow();
-    QString dataHome = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    if (keptState && state == *keptState && dataHome == keptDataHome)
+    if (keptState && state == *keptState && hold != 0 && hold == keptInHold)
         return keptFolder;
+    QString dataHome = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    if (keptState && state == *keptState && dataHome == keptDataHome) {
+        keptInHold = hold;
+        return keptFolder;
+    }
     QString folder = GetPrivateProfileString(QStringLiteral("Paths"), QStringLiteral("Data"));
     if (folder.isEmpty())
         folder = dataHome + QStringLiteral("/Corvantis");
@@ -319,5 +350,6 @@ QString Settings::DataFolder() {
     keptState = std::move(state);
     keptDataHome = std::move(dataHome);
     keptFolder = folder;
+    keptInHold = hold;
     return folder;
 }

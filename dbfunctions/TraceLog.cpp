@@ -1,5 +1,6 @@
 #include "TraceLog.h"
 
+#include "ChangeStamps.h"
 #include "Settings.h"
 
 #include <QDir>
@@ -100,13 +101,20 @@ void TraceLog::Append(const QString& text) {
 }
 
 int TraceLog::OpenFile(const QString& path) {
+    // While the operator's action is answered, the file looked at for its first line takes the
+    // rest of its lines; another file under the path is found at the next action's first line.
+    const quint64 hold = StampHoldNow();
+    if (m_keptFd >= 0 && hold != 0 && hold == m_keptInHold && path == m_keptPath)
+        return m_keptFd;
     const QByteArray name = QFile::encodeName(path);
     struct stat info;
     const bool exists = ::stat(name.constData(), &info) == 0;
     if (m_keptFd >= 0) {
         if (exists && path == m_keptPath && quint64(info.st_dev) == m_keptDevice &&
-            quint64(info.st_ino) == m_keptInode)
+            quint64(info.st_ino) == m_keptInode) {
+            m_keptInHold = hold;
             return m_keptFd;
+        }
         CloseKept();
     }
     if (!exists)
@@ -118,6 +126,7 @@ int TraceLog::OpenFile(const QString& path) {
     m_keptPath = path;
     m_keptDevice = quint64(info.st_dev);
     m_keptInode = quint64(info.st_ino);
+    m_keptInHold = hold;
     return fd;
 }
 

@@ -19,6 +19,8 @@
 // write, no buffer of our own), so a crash loses nothing. Before each line the path is looked up
 // again: another path, or another file under the same path (removed, renamed, rotated by
 // someone else), is opened anew. Anything else (a pipe, a device) is opened for each line.
+// While the operator's action is answered (DatabaseStampHeld) the file under the path is looked
+// at for the first line only; the path itself is still followed at every line.
 class TraceLog {
 public:
     static TraceLog& Instance();
@@ -51,4 +53,5 @@ private:
     QString m_keptPath;  // the path it was opened under
     quint64 m_keptDevice = 0;
     quint64 m_keptInode = 0;
+    quint64 m_keptInHold = 0; // the hold (StampHoldNow) in which the kept file was looked at
 };

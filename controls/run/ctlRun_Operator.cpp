@@ -42,13 +42,18 @@ bool PressedIn(SSRibbon* cmd, bool Value) {
 
 } // namespace
 
+// A press of Forward or Back is one action of the operator from its first trace line to its
+// mirror: the database's change stamp, the settings file and the trace file are each looked at
+// once for all its steps (DatabaseStampHeld).
 void ctlRun::cmdForward_Click() {
+    const DatabaseStampHeld action;
     RunMember("cmdForward_Click").Enter().Guarded([&] {
         NavigationPress(cmdForward, [&] { emit ShowNextClicked(); });
     });
 }
 
 void ctlRun::cmdBack_Click() {
+    const DatabaseStampHeld action;
     RunMember("cmdBack_Click").Enter().Guarded([&] {
         NavigationPress(cmdBack, [&] { emit ShowPreviousClicked(); });
     });
@@ -58,15 +63,11 @@ void ctlRun::cmdBack_Click() {
 // has painted what it now shows; the press grabs the mirror itself once the event has returned
 // and messages have been pumped. A refresh asked for during the event is left to that grab, so
 // that a press costs one grab of the projector, not two. Should the event fail, a refresh that
-// was asked for is made before the failure goes on. While the host answers, the database's
-// change stamp is read once for all who ask (the look of the slide, the rows of the item).
+// was asked for is made before the failure goes on.
 void ctlRun::NavigationPress(QPushButton* cmd, const std::function<void()>& raise) {
     ++m_intPressEvents;
     try {
-        WhileDisabled(cmd, [&] {
-            const DatabaseStampHeld held;
-            raise();
-        });
+        WhileDisabled(cmd, raise);
     } catch (...) {
         if (--m_intPressEvents == 0 && m_blnMirrorAskedInPress)
             GrabMirror();

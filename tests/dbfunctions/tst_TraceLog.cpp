@@ -1,5 +1,6 @@
 // The trace log: where lines go, the error prefix, and the size cap with one rotated file.
 
+#include "ChangeStamps.h"
 #include "Settings.h"
 #include "TraceLog.h"
 
@@ -158,6 +159,61 @@ private slots:
         QCOMPARE(lineIn(folders[1]), QString("second\n"));
         QCOMPARE(lineIn(folders[2]), QString("third\n"));
         QCOMPARE(lineIn(folders[3]), QString("fourth\n"));
+    }
+
+    // While one action of the operator is answered the trace file is looked at once: its lines
+    // all reach that file, and a file another program removed meanwhile is made again at the
+    // first line of the next action.
+    void duringOneActionTheLinesGoToTheFileLookedAtFirst() {
+        const QString path = m_dir.path() + "/Test.trace";
+        {
+            const DatabaseStampHeld action;
+            TraceLog::Instance().WriteTraceLine("cmdForward_Click");
+            TraceLog::Instance().WriteTraceLine("ShowServiceSIAsRunning");
+            TraceLog::Instance().WriteTraceLine("ShowSIAsRunning");
+        }
+        QCOMPARE(ReadFile(path),
+                 QString("cmdForward_Click\nShowServiceSIAsRunning\nShowSIAsRunning\n"));
+        {
+            const DatabaseStampHeld action;
+            TraceLog::Instance().WriteTraceLine("first of the action");
+            QVERIFY(QFile::remove(path));
+        }
+        {
+            const DatabaseStampHeld next;
+            TraceLog::Instance().WriteTraceLine("next action");
+        }
+        QCOMPARE(ReadFile(path), QString("next action\n"));
+    }
+
+    // The settings file, too, is looked at once per action: a data folder set by hand meanwhile
+    // moves the trace at the next action, one set by this program at once.
+    void dataFolderChangedDuringAnActionMovesTheTraceByWhoChangedIt() {
+        qputenv("CORVANTIS_INI_DIR", m_dir.path().toUtf8());
+        qunsetenv("CORVANTIS_TRACE");
+        const QStringList folders = {m_dir.path() + "/h1", m_dir.path() + "/h2",
+                                     m_dir.path() + "/h3"};
+        for (const QString& folder : folders)
+            QVERIFY(QDir().mkpath(folder));
+        QVERIFY(Settings::WritePrivateProfileString("Paths", "Data", folders[0]));
+        {
+            const DatabaseStampHeld action;
+            TraceLog::Instance().WriteTraceLine("one");
+            QFile file(Settings::IniPath());
+            QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+            file.write(("[Paths]\nData=" + folders[1] + "\n").toUtf8());
+            file.close();
+            TraceLog::Instance().WriteTraceLine("two");
+        }
+        {
+            const DatabaseStampHeld action;
+            TraceLog::Instance().WriteTraceLine("three");
+            QVERIFY(Settings::WritePrivateProfileString("Paths", "Data", folders[2]));
+            TraceLog::Instance().WriteTraceLine("four");
+        }
+        QCOMPARE(ReadFile(folders[0] + "/Corvantis.trace"), QString("one\ntwo\n"));
+        QCOMPARE(ReadFile(folders[1] + "/Corvantis.trace"), QString("three\n"));
+        QCOMPARE(ReadFile(folders[2] + "/Corvantis.trace"), QString("four\n"));
     }
 
     void unwritableFileLosesTheLineAndNothingElse() {
