@@ -322,8 +322,8 @@ QString Settings::IniPath() {
 
 QString Settings::DataFolder() {
     // Every trace line asks for it: the file is read again only when it has changed (or the
-    // user's folders are others).
-    // While the operator's action is answered the user's folders are taken as they were.
+    // user's folders are others; while the operator's action is answered they are taken as
+    // they were at its first line).
     static QMutex keptLock;
     static std::optional<IniFileState> keptState;
     static QString keptDataHome, keptFolder;
