@@ -551,6 +551,10 @@ void tst_Exchange::aFileOfFiftyMegabytesIsNotImported() {
 }
 
 void tst_Exchange::anEntryClimbingOutOfItsFolderIsRefusedAndNothingIsWritten() {
+    // A name of this run's own, so that a file another program left above the folder cannot
+    // stand in for one the import wrote.
+    const QString name = QStringLiteral("climbed-%1").arg(QCoreApplication::applicationPid());
+    const QString climbing = QStringLiteral("../../") + name;
     QSaveFile file(File("climb.cvx"));
     QVERIFY(file.open(QIODevice::WriteOnly));
     Zip::Writer zip(&file);
@@ -558,19 +562,21 @@ void tst_Exchange::anEntryClimbingOutOfItsFolderIsRefusedAndNothingIsWritten() {
                     R"({"format": "Corvantis export", "version": 1, "items": [
                         {"item": "items/a.json"}]})"));
     QVERIFY(zip.Add(QStringLiteral("items/a.json"),
-                    R"({"id": 5, "fields": {"ServiceItemTypeID": 5,
-                        "ServiceItemDescription": "x"}, "file": "../../x"})"));
-    QVERIFY(zip.Add(QStringLiteral("../../x"), "climbed"));
+                    QStringLiteral(R"({"id": 5, "fields": {"ServiceItemTypeID": 5,
+                        "ServiceItemDescription": "x"}, "file": "%1"})")
+                        .arg(climbing)
+                        .toUtf8()));
+    QVERIFY(zip.Add(climbing, "climbed"));
     QVERIFY(zip.Finish());
     QVERIFY(file.commit());
     QString error;
     da().ImportFile(File("climb.cvx"), error);
-    QVERIFY2(error.contains(QStringLiteral("\"../../x\", which would be written outside")),
+    QVERIFY2(error.contains(QStringLiteral("\"%1\", which would be written outside").arg(climbing)),
              qPrintable(error));
     QCOMPARE(ItemCount(), 1);
     const QDir content(m_db->ContentFolder());
-    QVERIFY(!QFileInfo::exists(content.absoluteFilePath(QStringLiteral("../../x"))));
-    QVERIFY(!QFileInfo::exists(content.absoluteFilePath(QStringLiteral("../x"))));
+    QVERIFY(!QFileInfo::exists(content.absoluteFilePath(climbing)));
+    QVERIFY(!QFileInfo::exists(content.absoluteFilePath(QStringLiteral("../") + name)));
     QCOMPARE(content.entryList(QDir::Files), QStringList());
 }
 
