@@ -863,19 +863,9 @@ private slots:
         QVERIFY(afterOwnWrite != before);
         QCOMPARE(DatabaseChangeStamp(), afterOwnWrite);
 
-        {
-            QSqlDatabase other = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"),
-                                                           QStringLiteral("another program"));
-            other.setDatabaseName(db.Path());
-            QVERIFY(other.open());
-            QSqlQuery insert(other);
-            QVERIFY(
-                insert.exec(QStringLiteral("INSERT INTO Services (ServiceName, ServiceDateCreated) "
-                                           "VALUES ('Evening', '2026-01-04')")));
-            insert.finish();
-            other.close();
-        }
-        QSqlDatabase::removeDatabase(QStringLiteral("another program"));
+        QVERIFY(db.ExecElsewhere(QStringLiteral("INSERT INTO Services (ServiceName, "
+                                                "ServiceDateCreated) VALUES ('Evening', "
+                                                "'2026-01-04')")));
         QVERIFY(DatabaseChangeStamp() != afterOwnWrite);
     }
 
@@ -904,19 +894,9 @@ private slots:
         {
             const DatabaseStampHeld held;
             first = DatabaseChangeStamp();
-            {
-                QSqlDatabase other = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"),
-                                                               QStringLiteral("another program"));
-                other.setDatabaseName(db.Path());
-                QVERIFY(other.open());
-                QSqlQuery insert(other);
-                QVERIFY(insert.exec(QStringLiteral("INSERT INTO Services (ServiceName, "
-                                                   "ServiceDateCreated) VALUES ('Noon', "
-                                                   "'2026-01-04')")));
-                insert.finish();
-                other.close();
-            }
-            QSqlDatabase::removeDatabase(QStringLiteral("another program"));
+            QVERIFY(db.ExecElsewhere(QStringLiteral("INSERT INTO Services (ServiceName, "
+                                                    "ServiceDateCreated) VALUES ('Noon', "
+                                                    "'2026-01-04')")));
             afterOther = DatabaseChangeStamp();
             db.AddService(QStringLiteral("Morning"));
             afterOwn = DatabaseChangeStamp();

@@ -808,21 +808,10 @@ void tst_ctlRun_Load::itemChangedThroughAnotherConnectionShowsWhenShownAgain() {
     const qint32 prayer = AddPrayer();
     console->setRunningService(db->AddService(QStringLiteral("Morning"), {{prayer}}));
     QCOMPARE(console->lblSIDescription->text(), QStringLiteral("Prayer of St Francis"));
-    {
-        QSqlDatabase other =
-            QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("another program"));
-        other.setDatabaseName(db->Path());
-        QVERIFY(other.open());
-        QSqlQuery update(other);
-        QVERIFY(update.prepare(QStringLiteral(
-            "UPDATE ServiceItems SET ServiceItemDescription = ? WHERE ServiceItemID = ?")));
-        update.addBindValue(QStringLiteral("Prayer of Columba"));
-        update.addBindValue(prayer);
-        QVERIFY(update.exec());
-        update.finish();
-        other.close();
-    }
-    QSqlDatabase::removeDatabase(QStringLiteral("another program"));
+    QVERIFY2(db->ExecElsewhere(QStringLiteral("UPDATE ServiceItems SET ServiceItemDescription = ? "
+                                              "WHERE ServiceItemID = ?"),
+                               {QStringLiteral("Prayer of Columba"), prayer}),
+             qPrintable(db->LastError()));
 
     console->ShowServiceSIAsRunning(1, 0, 0);
 
@@ -870,21 +859,10 @@ void tst_ctlRun_Load::itemChangedByAnotherConnectionBetweenPressesShowsAtTheNext
     QCOMPARE(console->lblSIDescription->text(), QStringLiteral("Prayer of St Francis"));
     console->cmdForward->click();
     QCOMPARE(console->lblSIDescription->text(), QStringLiteral("Collect for Purity"));
-    {
-        QSqlDatabase other =
-            QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("another program"));
-        other.setDatabaseName(db->Path());
-        QVERIFY(other.open());
-        QSqlQuery update(other);
-        QVERIFY(update.prepare(QStringLiteral(
-            "UPDATE ServiceItems SET ServiceItemDescription = ? WHERE ServiceItemID = ?")));
-        update.addBindValue(QStringLiteral("Prayer of Columba"));
-        update.addBindValue(prayer);
-        QVERIFY(update.exec());
-        update.finish();
-        other.close();
-    }
-    QSqlDatabase::removeDatabase(QStringLiteral("another program"));
+    QVERIFY2(db->ExecElsewhere(QStringLiteral("UPDATE ServiceItems SET ServiceItemDescription = ? "
+                                              "WHERE ServiceItemID = ?"),
+                               {QStringLiteral("Prayer of Columba"), prayer}),
+             qPrintable(db->LastError()));
 
     console->cmdForward->click();
 

@@ -102,8 +102,6 @@ private slots:
 
 private:
     void ClickRow(VBTreeWidget* lvw, qint32 lngRow);
-    // Runs one statement through a connection of its own, as another program would.
-    bool ExecElsewhere(const QString& sql, const QVariantList& params);
     QStringList Column(qint32 lngColumn) const;
 
     qint32 song = 0;
@@ -134,26 +132,6 @@ void tst_ctlRun_SongSequence::ClickRow(VBTreeWidget* lvw, qint32 lngRow) {
     QTreeWidgetItem* item = lvw->ListItems(lngRow).Item();
     lvw->scrollToItem(item);
     QTest::mouseClick(lvw->viewport(), Qt::LeftButton, {}, lvw->visualItemRect(item).center());
-}
-
-bool tst_ctlRun_SongSequence::ExecElsewhere(const QString& sql, const QVariantList& params) {
-    bool ok = false;
-    {
-        QSqlDatabase other =
-            QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("another program"));
-        other.setDatabaseName(db->Path());
-        if (other.open()) {
-            QSqlQuery query(other);
-            ok = query.prepare(sql);
-            for (const QVariant& param : params)
-                query.addBindValue(param);
-            ok = ok && query.exec();
-            query.finish();
-            other.close();
-        }
-    }
-    QSqlDatabase::removeDatabase(QStringLiteral("another program"));
-    return ok;
 }
 
 // The texts of one column of the main part list, top to bottom.
@@ -332,7 +310,7 @@ void tst_ctlRun_SongSequence::songShownAgainUnchangedShowsItsPartsWithoutReading
 void tst_ctlRun_SongSequence::partChangedByAnotherConnectionShowsWhenTheSongIsShownAgain() {
     QVERIFY(LoadService({{song}}));
     QCOMPARE(Column(1).first(), QStringLiteral("Amazing grace, how sweet the sound"));
-    QVERIFY(ExecElsewhere(
+    QVERIFY(db->ExecElsewhere(
         QStringLiteral("UPDATE Verses SET VerseName = ?, VerseText = ? WHERE VerseID = ?"),
         {QStringLiteral("Stanza 1"), QStringLiteral("Amazing love\nhow can it be"), verses[0]}));
 
@@ -346,17 +324,17 @@ void tst_ctlRun_SongSequence::
     partAddedAndOrderChangedByAnotherConnectionShowWhenTheSongIsShownAgain() {
     QVERIFY(LoadService({{song}}));
     QCOMPARE(Column(0), QStringList({"Verse 1", "Chorus", "Verse 2", "Chorus"}));
-    QVERIFY(ExecElsewhere(
+    QVERIFY(db->ExecElsewhere(
         QStringLiteral("UPDATE SongSequence SET Position = 10 - Position WHERE ServiceItemID = ?"),
         {song}));
-    QVERIFY(
-        ExecElsewhere(QStringLiteral("INSERT INTO Verses (ServiceItemID, VerseName, VerseText, "
-                                     "IsChorus) VALUES (?, ?, ?, 0)"),
-                      {song, QStringLiteral("Verse 3"), QStringLiteral("When we've been there")}));
-    QVERIFY(
-        ExecElsewhere(QStringLiteral("INSERT INTO SongSequence (ServiceItemID, Position, VerseID) "
-                                     "SELECT ?, 99, max(VerseID) FROM Verses"),
-                      {song}));
+    QVERIFY(db->ExecElsewhere(
+        QStringLiteral("INSERT INTO Verses (ServiceItemID, VerseName, VerseText, "
+                       "IsChorus) VALUES (?, ?, ?, 0)"),
+        {song, QStringLiteral("Verse 3"), QStringLiteral("When we've been there")}));
+    QVERIFY(db->ExecElsewhere(
+        QStringLiteral("INSERT INTO SongSequence (ServiceItemID, Position, VerseID) "
+                       "SELECT ?, 99, max(VerseID) FROM Verses"),
+        {song}));
 
     console->ShowServiceSIAsRunning(1, 0, 0);
 
@@ -379,13 +357,14 @@ void tst_ctlRun_SongSequence::partChangedByThisProgramShowsWhenTheSongIsShownAga
 void tst_ctlRun_SongSequence::itemGivenPartsByAnotherConnectionShowsItsListWhenShownAgain() {
     QVERIFY(LoadService({{prayer}}));
     QVERIFY(console->lvwSIContent->isHidden());
-    QVERIFY(ExecElsewhere(QStringLiteral("INSERT INTO Verses (ServiceItemID, VerseName, VerseText, "
+    QVERIFY(
+        db->ExecElsewhere(QStringLiteral("INSERT INTO Verses (ServiceItemID, VerseName, VerseText, "
                                          "IsChorus) VALUES (?, ?, ?, 0)"),
                           {prayer, QStringLiteral("Collect"), QStringLiteral("Almighty God")}));
-    QVERIFY(
-        ExecElsewhere(QStringLiteral("INSERT INTO SongSequence (ServiceItemID, Position, VerseID) "
-                                     "SELECT ?, 0, max(VerseID) FROM Verses"),
-                      {prayer}));
+    QVERIFY(db->ExecElsewhere(
+        QStringLiteral("INSERT INTO SongSequence (ServiceItemID, Position, VerseID) "
+                       "SELECT ?, 0, max(VerseID) FROM Verses"),
+        {prayer}));
 
     console->ShowServiceSIAsRunning(1, 0, 0);
 

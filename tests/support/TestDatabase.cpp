@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
 
@@ -221,6 +222,30 @@ qint32 TestDatabase::Count(const QString& table, const QString& condition,
     if (!condition.isEmpty())
         sql += QStringLiteral(" WHERE ") + condition;
     return Scalar(sql, params).toInt();
+}
+
+bool TestDatabase::ExecElsewhere(const QString& sql, const QVariantList& params) {
+    const QString connection = QStringLiteral("another program");
+    bool ok = false;
+    {
+        QSqlDatabase other = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connection);
+        other.setDatabaseName(Path());
+        if (other.open()) {
+            QSqlQuery query(other);
+            ok = query.prepare(sql);
+            for (const QVariant& param : params)
+                query.addBindValue(param);
+            ok = ok && query.exec();
+            if (!ok)
+                m_lastError = query.lastError().text();
+            query.finish();
+            other.close();
+        } else {
+            m_lastError = other.lastError().text();
+        }
+    }
+    QSqlDatabase::removeDatabase(connection);
+    return ok;
 }
 
 bool TestDatabase::Exec(const QString& sql, const QVariantList& params) {

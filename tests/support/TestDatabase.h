@@ -121,6 +121,9 @@ public:
     qint32 Count(const QString& table, const QString& condition = QString(),
                  const QVariantList& params = {}) const;
     bool Exec(const QString& sql, const QVariantList& params = {});
+    // Runs one statement through a connection of its own, opened and closed around it, as
+    // another program would; false (with LastError) when it fails.
+    bool ExecElsewhere(const QString& sql, const QVariantList& params = {});
 
 private:
     QTemporaryDir m_dir;
