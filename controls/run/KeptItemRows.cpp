@@ -21,32 +21,37 @@ std::shared_ptr<const Recordset> KeptItemRows::Row(qint32 lngSIID, QString& strE
     return row;
 }
 
+namespace {
+
+// The answer kept under key, or the one read now (kept when the read did not fail).
+template <class Key, class Value, class Read>
+Value KeptOrRead(QHash<Key, Value>& kept, Key key, QString& strErrorMessage, Read read) {
+    const auto found = kept.constFind(key);
+    if (found != kept.constEnd()) {
+        strErrorMessage.clear();
+        return found.value();
+    }
+    Value value{};
+    read(value);
+    if (strErrorMessage.isEmpty())
+        kept.insert(key, value);
+    return value;
+}
+
+} // namespace
+
 QString KeptItemRows::TypeName(qint16 intTypeID, QString& strErrorMessage) {
     DropWhenChanged();
-    const auto kept = m_typeNames.constFind(intTypeID);
-    if (kept != m_typeNames.constEnd()) {
-        strErrorMessage.clear();
-        return kept.value();
-    }
-    QString strTypeName;
-    DataAccess::Instance().GetServiceItemTypeName(intTypeID, strErrorMessage, strTypeName);
-    if (strErrorMessage.isEmpty())
-        m_typeNames.insert(intTypeID, strTypeName);
-    return strTypeName;
+    return KeptOrRead(m_typeNames, intTypeID, strErrorMessage, [&](QString& strTypeName) {
+        DataAccess::Instance().GetServiceItemTypeName(intTypeID, strErrorMessage, strTypeName);
+    });
 }
 
 bool KeptItemRows::HasVerses(qint32 lngSIID, QString& strErrorMessage) {
     DropWhenChanged();
-    const auto kept = m_hasVerses.constFind(lngSIID);
-    if (kept != m_hasVerses.constEnd()) {
-        strErrorMessage.clear();
-        return kept.value();
-    }
-    bool blnHasVerses = false;
-    DataAccess::Instance().ServiceItemHasVerses(lngSIID, strErrorMessage, blnHasVerses);
-    if (strErrorMessage.isEmpty())
-        m_hasVerses.insert(lngSIID, blnHasVerses);
-    return blnHasVerses;
+    return KeptOrRead(m_hasVerses, lngSIID, strErrorMessage, [&](bool& blnHasVerses) {
+        DataAccess::Instance().ServiceItemHasVerses(lngSIID, strErrorMessage, blnHasVerses);
+    });
 }
 
 std::shared_ptr<const KeptItemRows::SongParts> KeptItemRows::Sequence(qint32 lngSIID) {
